@@ -1,0 +1,19 @@
+// Export macros of Tqmlib52.
+//
+// TQM_CLASS   an exported class
+// TQM_CPPAPI  an exported C++ function (the CString overloads, framework hooks)
+// TQM_CAPI    a plain function. The library build leaves it without an
+//             attribute: plain functions are exported through the module-
+//             definition file, which gives stdcall functions their undecorated
+//             names; an attribute would export the decorated name as well.
+#pragma once
+
+#ifdef TQMLIB_BUILD
+#define TQM_CLASS __declspec(dllexport)
+#define TQM_CPPAPI __declspec(dllexport)
+#define TQM_CAPI
+#else
+#define TQM_CLASS __declspec(dllimport)
+#define TQM_CPPAPI __declspec(dllimport)
+#define TQM_CAPI __declspec(dllimport)
+#endif

@@ -1,0 +1,48 @@
+#include "support/BoxRecorder.h"
+
+#include "diag/MessageBoxHook.h"
+
+#include <stdio.h>
+
+namespace tqmtest {
+
+int NonInteractiveAnswer(UINT type)
+{
+    switch (type & MB_TYPEMASK) {
+    case MB_OKCANCEL:
+    case MB_YESNOCANCEL:
+    case MB_RETRYCANCEL:
+        return IDCANCEL;
+    case MB_ABORTRETRYIGNORE:
+        return IDIGNORE;
+    case MB_YESNO:
+        return IDNO;
+    case MB_CANCELTRYCONTINUE:
+        return IDCONTINUE;
+    default:
+        return IDOK;
+    }
+}
+
+namespace {
+int CALLBACK defaultHook(HWND, const char* text, const char* caption, UINT type, void*)
+{
+    fprintf(stderr, "[message box answered by the test harness] %s: %s\n", caption, text);
+    return NonInteractiveAnswer(type);
+}
+}  // namespace
+
+void InstallDefaultBoxHook() { TQMSetMessageBoxHook(defaultHook, nullptr); }
+
+BoxRecorder::BoxRecorder(int answer) : m_answer(answer) { TQMSetMessageBoxHook(onBox, this); }
+
+BoxRecorder::~BoxRecorder() { InstallDefaultBoxHook(); }
+
+int CALLBACK BoxRecorder::onBox(HWND owner, const char* text, const char* caption, UINT type, void* context)
+{
+    auto* self = static_cast<BoxRecorder*>(context);
+    self->m_boxes.push_back({owner, text, caption, type});
+    return self->m_answer ? self->m_answer : NonInteractiveAnswer(type);
+}
+
+}  // namespace tqmtest

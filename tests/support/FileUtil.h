@@ -1,0 +1,14 @@
+// Small file helpers for tests: whole files in and out as bytes.
+#pragma once
+
+#include <string>
+
+namespace tqmtest {
+
+// Writes the bytes exactly as given (no line-end translation).
+bool WriteBytes(const std::string& path, const std::string& bytes);
+// The file's bytes; empty when it cannot be read.
+std::string ReadBytes(const std::string& path);
+bool PathExists(const std::string& path);
+
+}  // namespace tqmtest

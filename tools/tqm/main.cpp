@@ -1,0 +1,119 @@
+// tqm - the command line of the Tqmlib52 library.
+#include "tools/tqm/Command.h"
+
+#include "diag/MessageBoxHook.h"
+
+#include <stdarg.h>
+#include <stdio.h>
+#include <string.h>
+
+#include <algorithm>
+#include <map>
+#include <string>
+
+namespace tqmtool {
+namespace {
+
+std::map<std::string, Command>& registry()
+{
+    static std::map<std::string, Command> commands;
+    return commands;
+}
+
+void printOverview()
+{
+    printf("usage: tqm COMMAND [ARGS...]\n\n"
+           "The command line of Tqmlib52, the QM5 suite's shared support library.\n\n"
+           "Commands:\n");
+    for (const auto& entry : registry())
+        printf("  %-10s %s\n", entry.first.c_str(), entry.second.summary);
+    printf("\n\"tqm COMMAND --help\" describes a command.\n");
+}
+
+// Nobody is there to click: the box's text goes to stderr and the box gets
+// the answer that lets the program go on without deciding anything.
+int CALLBACK answerBox(HWND, const char* pszText, const char* pszCaption, UINT uType, void*)
+{
+    fprintf(stderr, "tqm: [%s] %s\n", pszCaption, pszText);
+    switch (uType & MB_TYPEMASK) {
+    case MB_OKCANCEL:
+    case MB_YESNOCANCEL:
+    case MB_RETRYCANCEL:
+        return IDCANCEL;
+    case MB_ABORTRETRYIGNORE:
+        return IDIGNORE;
+    case MB_YESNO:
+        return IDNO;
+    case MB_CANCELTRYCONTINUE:
+        return IDCONTINUE;
+    default:
+        return IDOK;
+    }
+}
+
+}  // namespace
+
+bool RegisterCommand(const Command& command)
+{
+    registry()[command.name] = command;
+    return true;
+}
+
+int UsageError(const char* commandName, const char* format, ...)
+{
+    fprintf(stderr, "tqm %s: ", commandName);
+    va_list args;
+    va_start(args, format);
+    vfprintf(stderr, format, args);
+    va_end(args);
+    fprintf(stderr, "\nTry \"tqm %s --help\".\n", commandName);
+    return kExitUsage;
+}
+
+int Fail(const char* format, ...)
+{
+    fprintf(stderr, "tqm: ");
+    va_list args;
+    va_start(args, format);
+    vfprintf(stderr, format, args);
+    va_end(args);
+    fprintf(stderr, "\n");
+    return kExitNegative;
+}
+
+bool WantsHelp(const Args& args)
+{
+    return std::any_of(args.begin(), args.end(), [](const std::string& a) { return a == "-h" || a == "--help"; });
+}
+
+}  // namespace tqmtool
+
+int main(int argc, char** argv)
+{
+    using namespace tqmtool;
+    TQMSetMessageBoxHook(answerBox, nullptr);
+
+    if (argc < 2 || !strcmp(argv[1], "-h") || !strcmp(argv[1], "--help") || !strcmp(argv[1], "help")) {
+        if (argc >= 3 && !strcmp(argv[1], "help") && registry().count(argv[2])) {
+            fputs(registry()[argv[2]].usage, stdout);
+            return kExitOk;
+        }
+        printOverview();
+        return argc < 2 ? kExitUsage : kExitOk;
+    }
+
+    auto it = registry().find(argv[1]);
+    if (it == registry().end()) {
+        fprintf(stderr, "tqm: unknown command \"%s\"; \"tqm --help\" lists the commands.\n", argv[1]);
+        return kExitUsage;
+    }
+    Args args(argv + 2, argv + argc);
+    if (args.size() == 1 && WantsHelp(args)) {
+        fputs(it->second.usage, stdout);
+        return kExitOk;
+    }
+    fflush(stdout);
+    int rc = it->second.run(args);
+    fflush(stdout);
+    return rc;
+}
