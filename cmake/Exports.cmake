@@ -1,6 +1,6 @@
 # The library's plain exports.
 #
-# Each folder lists its plain functions in exports.txt, one per line:
+# Each folder lists its plain functions in <topic>.exports files, one per line:
 #   NAME@N            stdcall with N bytes of arguments on i686: exported undecorated
 #   NAME              caller-pops: exported as it is
 #   NAME@N decorated  stdcall exported under its decorated name on i686
@@ -9,7 +9,7 @@
 # undecorated export. The same lists are the export check's contract.
 
 function(tqm_read_export_lists out_entries)
-  file(GLOB lists CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/*/exports.txt)
+  file(GLOB lists CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/*/*.exports)
   list(SORT lists)
   set(entries "")
   foreach(list_file IN LISTS lists)
