@@ -9,21 +9,25 @@
 #include "config/IniSystemFold.h"
 #include "config/logic/IniLineGrammar.h"
 #include "config/logic/IniNameIndex.h"
+#include "config/logic/RecordPool.h"
 #include "framework/StdioFile.h"
 
 #include <stdint.h>
 #include <string.h>
 
-#include <memory>
 #include <new>
 #include <unordered_map>
+#include <utility>
 
 using tqm::ini::NamePositionIndex;
+using tqm::ini::RecordPool;
 using tqm::ini::SystemNameFold;
 
-struct CTQMIniFileNameIndexes
+struct CTQMIniFileStorage
 {
+    RecordPool pool;
     NamePositionIndex sections;
+    NamePositionIndex reading;  // the section Read is filling
     // Only sections with many entries have one, keyed by their record.
     std::unordered_map<const void*, NamePositionIndex> entries;
 };
@@ -31,7 +35,7 @@ struct CTQMIniFileNameIndexes
 namespace {
 
 // Shorter arrays are walked; from this size on a name is found by its hash.
-const int kIndexFrom = 16;
+const int kIndexFrom = 64;
 
 // --- Records ----------------------------------------------------------------
 
@@ -47,50 +51,84 @@ unsigned entryNameSize(const void* pRec)
 char* entryNameOf(void* pRec) { return static_cast<char*>(pRec) + sizeof(uint16_t); }
 char* entryValueOf(void* pRec) { return entryNameOf(pRec) + entryNameSize(pRec); }
 
-struct RecordDeleter
-{
-    void operator()(char* p) const { delete[] p; }
-};
-using RecordPtr = std::unique_ptr<char, RecordDeleter>;
+// Entry arrays make room for this many entries at once: most sections then
+// never have to grow theirs.
+const int kEntriesAtOnce = 32;
 
-RecordPtr newSectionRecord(const char* pszName)
+// A section's entry array lives in the pool as well (it is a block apart from
+// the section record, as before; only the document frees it).
+CPtrArray* newEntryArray(RecordPool& pool)
+{
+    CPtrArray* pEntries = new (pool.Allocate(sizeof(CPtrArray))) CPtrArray;
+    try {
+        pEntries->SetSize(0, kEntriesAtOnce);
+    } catch (...) {
+        pEntries->~CPtrArray();
+        pool.Free(reinterpret_cast<char*>(pEntries), sizeof(CPtrArray));
+        throw;
+    }
+    return pEntries;
+}
+
+void deleteEntryArray(RecordPool& pool, CPtrArray* pEntries)
+{
+    pEntries->~CPtrArray();
+    pool.Free(reinterpret_cast<char*>(pEntries), sizeof(CPtrArray));
+}
+
+size_t sectionRecordSize(void* pRec) { return sizeof(CPtrArray*) + strlen(sectionNameOf(pRec)) + 1; }
+size_t entryRecordSize(void* pRec)
+{
+    return sizeof(uint16_t) + entryNameSize(pRec) + strlen(entryValueOf(pRec)) + 1;
+}
+
+char* newSectionRecord(RecordPool& pool, const char* pszName)
 {
     size_t nName = strlen(pszName);
-    std::unique_ptr<CPtrArray> entries(new CPtrArray);
-    RecordPtr rec(new char[sizeof(CPtrArray*) + nName + 1]);
-    memcpy(sectionNameOf(rec.get()), pszName, nName + 1);
-    entriesOf(rec.get()) = entries.release();
-    return rec;
+    char* pRec = pool.Allocate(sizeof(CPtrArray*) + nName + 1);
+    memcpy(sectionNameOf(pRec), pszName, nName + 1);
+    try {
+        entriesOf(pRec) = newEntryArray(pool);
+    } catch (...) {
+        pool.Free(pRec, sizeof(CPtrArray*) + nName + 1);
+        throw;
+    }
+    return pRec;
 }
 
 // The caller has checked that the name fits the 16-bit count.
-RecordPtr newEntryRecord(const char* pszName, size_t nName, const char* pszValue, size_t nValue)
+char* newEntryRecord(RecordPool& pool, const char* pszName, size_t nName, const char* pszValue, size_t nValue)
 {
-    RecordPtr rec(new char[sizeof(uint16_t) + nName + 1 + nValue + 1]);
+    char* pRec = pool.Allocate(sizeof(uint16_t) + nName + 1 + nValue + 1);
     uint16_t nSize = static_cast<uint16_t>(nName + 1);
-    memcpy(rec.get(), &nSize, sizeof(nSize));
-    memcpy(entryNameOf(rec.get()), pszName, nName);
-    entryNameOf(rec.get())[nName] = '\0';
-    memcpy(entryValueOf(rec.get()), pszValue, nValue);
-    entryValueOf(rec.get())[nValue] = '\0';
-    return rec;
+    memcpy(pRec, &nSize, sizeof(nSize));
+    memcpy(entryNameOf(pRec), pszName, nName);
+    entryNameOf(pRec)[nName] = '\0';
+    memcpy(entryValueOf(pRec), pszValue, nValue);
+    entryValueOf(pRec)[nValue] = '\0';
+    return pRec;
 }
 
-void freeSectionRecord(void* pRec)
+void freeEntryRecord(RecordPool& pool, void* pRec) { pool.Free(static_cast<char*>(pRec), entryRecordSize(pRec)); }
+
+void freeSectionRecord(RecordPool& pool, void* pRec)
 {
     CPtrArray* pEntries = entriesOf(pRec);
     for (int i = 0; i < pEntries->GetSize(); ++i)
-        delete[] static_cast<char*>(pEntries->GetAt(i));
-    delete pEntries;
-    delete[] static_cast<char*>(pRec);
+        freeEntryRecord(pool, pEntries->GetAt(i));
+    deleteEntryArray(pool, pEntries);
+    pool.Free(static_cast<char*>(pRec), sectionRecordSize(pRec));
 }
 
-// Adds a record to an array without losing it if the array cannot grow.
-int appendRecord(CPtrArray& array, RecordPtr rec)
+// Adds a record to an array; if the array cannot grow, the record goes back.
+int appendRecord(RecordPool& pool, CPtrArray& array, char* pRec, size_t nSize)
 {
-    int n = array.Add(rec.get());
-    rec.release();
-    return n;
+    try {
+        return array.Add(pRec);
+    } catch (...) {
+        pool.Free(pRec, nSize);
+        throw;
+    }
 }
 
 // --- Lookups by name ---------------------------------------------------------
@@ -140,14 +178,21 @@ CTQMIniFile::CTQMIniFile()
       m_pszCurEntry(nullptr),
       m_pszCurValue(nullptr),
       m_bTolerant(FALSE),
-      m_pNameIndexes(nullptr)
+      m_pStorage(nullptr)
 {
 }
 
 CTQMIniFile::~CTQMIniFile()
 {
     RemoveAll();
-    delete m_pNameIndexes;
+    delete m_pStorage;
+}
+
+CTQMIniFileStorage& CTQMIniFile::storage()
+{
+    if (!m_pStorage)
+        m_pStorage = new CTQMIniFileStorage;
+    return *m_pStorage;
 }
 
 BOOL CTQMIniFile::copyFrom(const CTQMIniFile& src)
@@ -164,8 +209,10 @@ BOOL CTQMIniFile::copyFrom(const CTQMIniFile& src)
                 for (int e = 0; e < srcEntries.GetSize(); ++e) {
                     void* pSrcEntry = srcEntries.GetAt(e);
                     const char* pszValue = entryValueOf(pSrcEntry);
-                    appendRecord(*m_pCurEntries, newEntryRecord(entryNameOf(pSrcEntry), entryNameSize(pSrcEntry) - 1,
-                                                                pszValue, strlen(pszValue)));
+                    size_t nValue = strlen(pszValue);
+                    size_t nName = entryNameSize(pSrcEntry) - 1;
+                    char* pRec = newEntryRecord(storage().pool, entryNameOf(pSrcEntry), nName, pszValue, nValue);
+                    appendRecord(storage().pool, *m_pCurEntries, pRec, sizeof(uint16_t) + nName + nValue + 2);
                 }
             }
         }
@@ -183,18 +230,28 @@ BOOL CTQMIniFile::copyFrom(const CTQMIniFile& src)
     return FALSE;
 }
 
-void CTQMIniFile::RemoveAll()
+void CTQMIniFile::RemoveAll() { clearContents(false); }
+
+void CTQMIniFile::clearContents(bool bKeepMemory)
 {
     m_strFileComment.Empty();
     m_nLine = -1;
     if (m_pSections) {
+        // The records go with the pool, all at once; the entry arrays' own
+        // memory one by one.
         for (int i = 0; i < m_pSections->GetSize(); ++i)
-            freeSectionRecord(m_pSections->GetAt(i));
+            entriesOf(m_pSections->GetAt(i))->~CPtrArray();
         delete m_pSections;
         m_pSections = nullptr;
     }
-    delete m_pNameIndexes;
-    m_pNameIndexes = nullptr;
+    if (m_pStorage) {
+        if (bKeepMemory)
+            m_pStorage->pool.Reset();
+        else
+            m_pStorage->pool.Release();
+        m_pStorage->sections.Clear();
+        m_pStorage->entries.clear();
+    }
     resetCursor();
 }
 
@@ -215,7 +272,8 @@ void CTQMIniFile::resetCursor()
 
 int CTQMIniFile::Read(const char* pszPath)
 {
-    RemoveAll();
+    // As RemoveAll, but the memory of the old contents is kept for the new.
+    clearContents(true);
     if (!pszPath)
         return 0;
     CStdioFile file;
@@ -232,7 +290,15 @@ int CTQMIniFile::Read(const char* pszPath)
 
 int CTQMIniFile::readLines(CStdioFile& file)
 {
+    int nResult = readLinesInto(file);
+    finishReadSection();
+    return nResult;
+}
+
+int CTQMIniFile::readLinesInto(CStdioFile& file)
+{
     using namespace tqm::ini;
+    storage().reading.Clear();
     bool bHeadComment = true;
     char line[kLineBufferSize];
     while (file.ReadString(line, sizeof(line))) {
@@ -250,17 +316,19 @@ int CTQMIniFile::readLines(CStdioFile& file)
             continue;
 
         if (kind == LineKind::Header) {
-            if (char* pszName = ParseHeaderName(p))
+            if (char* pszName = ParseHeaderName(p)) {
+                finishReadSection();
                 appendSection(pszName);
-            else if (!m_bTolerant)
+            } else if (!m_bTolerant) {
                 return 0;
+            }
             continue;
         }
 
         char* pszName = nullptr;
         char* pszValue = nullptr;
         if (m_pCurEntries && ParseEntryLine(p, &pszName, &pszValue) == EntryParse::Ok)
-            storeEntry(pszName, pszValue);
+            storeReadEntry(pszName, pszValue);
         else if (!m_bTolerant)
             return 0;  // an entry before the first header, without "=", or without a name
     }
@@ -387,12 +455,10 @@ int CTQMIniFile::RemoveSection(const char* pszSection)
         return 0;
     int nSection = m_nCurSection;
     void* pRec = m_pCurSection;
-    if (m_pNameIndexes) {
-        m_pNameIndexes->sections.Clear();  // the positions behind the gap move
-        m_pNameIndexes->entries.erase(pRec);
-    }
+    m_pStorage->sections.Clear();  // the positions behind the gap move
+    m_pStorage->entries.erase(pRec);
     m_pSections->RemoveAt(nSection);
-    freeSectionRecord(pRec);
+    freeSectionRecord(m_pStorage->pool, pRec);
     resetCursor();
     return 1;
 }
@@ -401,10 +467,9 @@ int CTQMIniFile::RemoveEntry(const char* pszSection, const char* pszEntry)
 {
     if (!findSection(pszSection) || !findEntry(pszEntry))
         return 0;
-    if (m_pNameIndexes)
-        m_pNameIndexes->entries.erase(m_pCurSection);
+    m_pStorage->entries.erase(m_pCurSection);
     m_pCurEntries->RemoveAt(m_nCurEntry);
-    delete[] m_pCurEntry;
+    freeEntryRecord(m_pStorage->pool, m_pCurEntry);
     resetCursor();
     return 1;
 }
@@ -519,9 +584,7 @@ int CTQMIniFile::positionOfSection(const char* pszName)
         }
         return -1;
     }
-    if (!m_pNameIndexes)
-        m_pNameIndexes = new CTQMIniFileNameIndexes;
-    NamePositionIndex& index = m_pNameIndexes->sections;
+    NamePositionIndex& index = storage().sections;
     syncIndex(index, sections, sectionNameAtRecord);
     return index.FindFirst(fold.Hash(pszName),
                            [&](int n) { return fold.Equal(sectionNameOf(pRecs[n]), pszName); });
@@ -535,8 +598,12 @@ int CTQMIniFile::positionOfEntry(const char* pszName)
     int nCount = entries.GetSize();
     // Byte-wise folding keeps lengths, so the stored name size rules most out.
     unsigned nSize = static_cast<unsigned>(strlen(pszName)) + 1;
+    // Numbered names (File0, File1, ...) differ last: compare that character first.
+    unsigned char last = nSize > 1 ? fold(pszName[nSize - 2]) : 0;
     auto matches = [&](int n) {
-        return entryNameSize(pRecs[n]) == nSize && fold.Equal(entryNameOf(pRecs[n]), pszName);
+        const char* pszStored = entryNameOf(pRecs[n]);
+        return entryNameSize(pRecs[n]) == nSize && (nSize < 2 || fold(pszStored[nSize - 2]) == last) &&
+               fold.Equal(pszStored, pszName);
     };
     if (nCount < kIndexFrom) {
         for (int i = 0; i < nCount; ++i) {
@@ -545,9 +612,7 @@ int CTQMIniFile::positionOfEntry(const char* pszName)
         }
         return -1;
     }
-    if (!m_pNameIndexes)
-        m_pNameIndexes = new CTQMIniFileNameIndexes;
-    NamePositionIndex& index = m_pNameIndexes->entries[m_pCurSection];
+    NamePositionIndex& index = storage().entries[m_pCurSection];
     syncIndex(index, entries, entryNameAtRecord);
     return index.FindFirst(fold.Hash(pszName), matches);
 }
@@ -556,29 +621,75 @@ void CTQMIniFile::appendSection(const char* pszName)
 {
     if (!m_pSections)
         m_pSections = new CPtrArray;
-    selectSectionAt(appendRecord(*m_pSections, newSectionRecord(pszName)));
+    RecordPool& pool = storage().pool;
+    char* pRec = newSectionRecord(pool, pszName);
+    try {
+        m_pSections->Add(pRec);
+    } catch (...) {
+        deleteEntryArray(pool, entriesOf(pRec));
+        pool.Free(pRec, sectionRecordSize(pRec));
+        throw;
+    }
+    selectSectionAt(m_pSections->GetUpperBound());
 }
 
 void CTQMIniFile::storeEntry(const char* pszName, const char* pszValue)
 {
-    int nFound = positionOfEntry(pszName);
+    putEntry(positionOfEntry(pszName), pszName, pszValue);
+}
+
+int CTQMIniFile::putEntry(int nFound, const char* pszName, const char* pszValue)
+{
     if (nFound >= 0)
         selectEntryAt(nFound);
     size_t nName = strlen(pszName);
     size_t nValue = strlen(pszValue);
     // Too long: nothing is stored, and an entry it would replace keeps its value.
     if (nName + nValue > static_cast<size_t>(tqm::ini::kMaxEntryText))
-        return;
+        return -1;
+    RecordPool& pool = storage().pool;
     if (nFound < 0) {
-        selectEntryAt(appendRecord(*m_pCurEntries, newEntryRecord(pszName, nName, pszValue, nValue)));
-        return;
+        char* pRec = newEntryRecord(pool, pszName, nName, pszValue, nValue);
+        int nAdded = appendRecord(pool, *m_pCurEntries, pRec, sizeof(uint16_t) + nName + nValue + 2);
+        selectEntryAt(nAdded);
+        return nAdded;
     }
     // A replacement keeps its place and the spelling of the name it replaces
     // (key=1 then KEY=2 leaves key=2). The new record is made before the old
     // one goes, as the new value may be a pointer into it.
     char* pOld = m_pCurEntry;
-    RecordPtr rec = newEntryRecord(m_pszCurEntry, nName, pszValue, nValue);
-    m_pCurEntries->SetAt(nFound, rec.release());
-    delete[] pOld;
+    m_pCurEntries->SetAt(nFound, newEntryRecord(pool, m_pszCurEntry, nName, pszValue, nValue));
+    freeEntryRecord(pool, pOld);
     selectEntryAt(nFound);
+    return nFound;
+}
+
+// Read adds entries only to the section it read last, so it keeps the names
+// of that section in an index of its own as they come: every entry line looks
+// its name up (a later entry replaces an earlier one), and a walk through a
+// section of 100,000 entries would make reading it quadratic.
+void CTQMIniFile::storeReadEntry(const char* pszName, const char* pszValue)
+{
+    const tqm::ini::NameFold& fold = SystemNameFold();
+    NamePositionIndex& reading = storage().reading;
+    void* const* pRecs = m_pCurEntries->GetData();
+    unsigned nSize = static_cast<unsigned>(strlen(pszName)) + 1;
+    uint32_t hash = fold.Hash(pszName);
+    int nFound = reading.FindFirst(hash, [&](int n) {
+        return entryNameSize(pRecs[n]) == nSize && fold.Equal(entryNameOf(pRecs[n]), pszName);
+    });
+    if (putEntry(nFound, pszName, pszValue) >= 0 && nFound < 0)
+        reading.Append(hash);
+}
+
+// The section Read was filling is complete: a long one keeps the index Read
+// made of it for the lookups to come.
+void CTQMIniFile::finishReadSection()
+{
+    if (!m_pStorage)
+        return;
+    NamePositionIndex& reading = m_pStorage->reading;
+    if (m_pCurEntries && reading.Count() == m_pCurEntries->GetSize() && reading.Count() >= kIndexFrom)
+        m_pStorage->entries[m_pCurSection] = std::move(reading);
+    reading.Clear();
 }

@@ -32,7 +32,7 @@
 #include "framework/Export.h"
 
 class CStdioFile;
-struct CTQMIniFileNameIndexes;
+struct CTQMIniFileStorage;
 
 class TQM_CLASS CTQMIniFile
 {
@@ -176,16 +176,20 @@ protected:
     char* m_pszCurValue;           //   its value
     BOOL m_bTolerant;              // Read skips malformed lines instead of failing; never set by this class
 
-    // Records are single blocks from new char[]. A section record is the
-    // pointer to its own entry array (a CPtrArray, allocated apart) followed
-    // by the NUL-terminated name. An entry record is a 16-bit count (name
-    // length + 1), the NUL-terminated name, then the NUL-terminated value.
+    // Each record is one block. A section record is the pointer to its own
+    // entry array (a CPtrArray, allocated apart) followed by the NUL-terminated
+    // name. An entry record is a 16-bit count (name length + 1), the
+    // NUL-terminated name, then the NUL-terminated value. The document carves
+    // the blocks from a memory pool of its own (reading a big file would
+    // otherwise spend most of its time in the heap), so only the document
+    // frees them.
 
 private:
-    // Name lookups in long sections and long section lists go through hash
-    // indexes kept here, after the members above (their layout is unchanged).
-    // The indexes assume the arrays change only through this class.
-    CTQMIniFileNameIndexes* m_pNameIndexes;
+    // The record pool and the hash indexes for lookups by name in long
+    // sections and long section lists, kept here after the members above
+    // (their layout is unchanged). The indexes assume that the arrays change
+    // only through this class.
+    CTQMIniFileStorage* m_pStorage;
 
     // The index forms, past the inline check for a negative index.
     int selectSectionAt(int nIndex);
@@ -197,12 +201,18 @@ private:
     const char* entryNameAt(int nSection, int nEntry);
     int entryIndexIn(int nSection, const char* pszEntry);
 
+    CTQMIniFileStorage& storage();
+    void clearContents(bool bKeepMemory);
     void resetCursor();
     int positionOfSection(const char* pszName);
     int positionOfEntry(const char* pszName);
     void appendSection(const char* pszName);
     void storeEntry(const char* pszName, const char* pszValue);
+    int putEntry(int nFound, const char* pszName, const char* pszValue);
+    void storeReadEntry(const char* pszName, const char* pszValue);
+    void finishReadSection();
     int readLines(CStdioFile& file);
+    int readLinesInto(CStdioFile& file);
 
     // Deep copy; FALSE with a parked exception when memory ran out.
     BOOL copyFrom(const CTQMIniFile& src);

@@ -1,12 +1,23 @@
 // NamePositionIndex - an open-addressing table of name hashes by position.
 #include "config/logic/IniNameIndex.h"
 
+#include <algorithm>
+
 namespace tqm {
 namespace ini {
 
+namespace {
+const size_t kFirstSlots = 64;
+}
+
 void NamePositionIndex::Clear()
 {
-    m_slots.clear();
+    // A small table is kept for the next names: a reader that indexes one
+    // short section after another then allocates nothing.
+    if (m_slots.size() <= kFirstSlots)
+        std::fill(m_slots.begin(), m_slots.end(), Slot{0, -1});
+    else
+        std::vector<Slot>().swap(m_slots);
     m_nCount = 0;
 }
 
@@ -29,7 +40,7 @@ void NamePositionIndex::grow()
 {
     std::vector<Slot> old;
     old.swap(m_slots);
-    m_slots.assign(old.empty() ? 64 : old.size() * 2, Slot{0, -1});
+    m_slots.assign(old.empty() ? kFirstSlots : old.size() * 2, Slot{0, -1});
     for (const Slot& slot : old) {
         if (slot.nPosition >= 0)
             place(slot.hash, slot.nPosition);

@@ -39,12 +39,20 @@ bool NameFold::EqualPrefix(const char* text, const char* name, size_t n) const
 
 uint32_t NameFold::Hash(const char* name) const
 {
-    // FNV-1a over the folded bytes.
+    // FNV-1a over the folded bytes. Its low bits depend only on the low bits
+    // of the characters, and numbered names differ in little else; the final
+    // mix (MurmurHash3's) spreads every bit over the whole value, since the
+    // index takes the low bits.
     uint32_t h = 2166136261u;
     for (; *name; ++name) {
         h ^= (*this)(*name);
         h *= 16777619u;
     }
+    h ^= h >> 16;
+    h *= 0x85ebca6bu;
+    h ^= h >> 13;
+    h *= 0xc2b2ae35u;
+    h ^= h >> 16;
     return h;
 }
 

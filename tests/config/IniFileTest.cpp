@@ -405,10 +405,10 @@ TEST(CTQMIniFile, BigSectionsAndManySectionsStayConsistent)
     CTQMIniFile ini;
     for (int i = 0; i < 3000; ++i)
         ini.SetEntryValue("Big", ("Key" + std::to_string(i)).c_str(), std::to_string(i).c_str());
-    for (int i = 0; i < 40; ++i)
-        ini.SetEntryValue(("Sec" + std::to_string(i % 20)).c_str(), "n", std::to_string(i).c_str());
-    EXPECT_EQ(21, ini.GetNumSections());
-    EXPECT_STREQ("39", ini.GetEntryValue("SEC19", "n"));
+    for (int i = 0; i < 200; ++i)
+        ini.SetEntryValue(("Sec" + std::to_string(i % 100)).c_str(), "n", std::to_string(i).c_str());
+    EXPECT_EQ(101, ini.GetNumSections());
+    EXPECT_STREQ("119", ini.GetEntryValue("SEC19", "n"));
 
     EXPECT_EQ(1, ini.SetEntryValue("big", "KEY1500", "replaced"));
     EXPECT_EQ(1500, ini.GetEntryIndex("Big", "key1500"));
@@ -422,19 +422,35 @@ TEST(CTQMIniFile, BigSectionsAndManySectionsStayConsistent)
     EXPECT_EQ(1, ini.RemoveSection("Sec5"));
     EXPECT_EQ(6, ini.GetSectionIndex("Sec6"));  // "Big" comes first
     EXPECT_EQ(1, ini.SetEntryValue("Sec5", "n", "again"));
-    EXPECT_EQ(20, ini.GetSectionIndex("sec5"));
+    EXPECT_EQ(100, ini.GetSectionIndex("sec5"));
+    EXPECT_EQ(99, ini.GetSectionIndex("sec99"));
 
-    // Repeated headers: the first section of the name answers.
+    // Repeated headers: the first section of the name answers. A big section
+    // read from a file is looked up as well as one built by calls.
     TempDir dir;
     std::string text;
-    for (int i = 0; i < 30; ++i)
-        text += "[S" + std::to_string(i % 10) + "]\r\nv=" + std::to_string(i) + "\r\n";
+    for (int i = 0; i < 200; ++i)
+        text += "[S" + std::to_string(i % 70) + "]\r\nv=" + std::to_string(i) + "\r\n";
+    text += "[Wide]\r\n";
+    for (int i = 0; i < 500; ++i)
+        text += "k" + std::to_string(i % 400) + "=" + std::to_string(i) + "\r\n";
     CTQMIniFile repeated;
     ASSERT_EQ(1, readBytes(repeated, dir, text));
-    EXPECT_EQ(30, repeated.GetNumSections());
+    EXPECT_EQ(201, repeated.GetNumSections());
     EXPECT_STREQ("7", repeated.GetEntryValue("s7", "v"));
     EXPECT_EQ(1, repeated.RemoveSection("S7"));
-    EXPECT_STREQ("17", repeated.GetEntryValue("s7", "v"));
+    EXPECT_STREQ("77", repeated.GetEntryValue("s7", "v"));
+    EXPECT_EQ(400, repeated.GetNumEntries("wide"));
+    EXPECT_STREQ("499", repeated.GetEntryValue("Wide", "K99"));
+    EXPECT_STREQ("100", repeated.GetEntryValue("Wide", "K100"));
+    EXPECT_EQ(1, repeated.SetEntryValue("Wide", "new", "x"));
+    EXPECT_EQ(400, repeated.GetEntryIndex("Wide", "NEW"));
+
+    // Read again into the same document: nothing of the old contents remains.
+    ASSERT_EQ(1, readBytes(repeated, dir, "[Wide]\r\nk1=one\r\n"));
+    EXPECT_EQ(1, repeated.GetNumEntries("Wide"));
+    EXPECT_STREQ("", repeated.GetEntryValue("Wide", "k2"));
+    EXPECT_STREQ("one", repeated.GetEntryValue("Wide", "K1"));
 }
 
 TEST(CTQMIniFile, NamesFoldWithTheSystemCodePage)
