@@ -1,0 +1,65 @@
+#include "config/ResourceStrings.h"
+
+#include "res/StringIds.h"
+#include "support/ChildProcess.h"
+
+#include <gtest/gtest.h>
+
+#include <string.h>
+
+#include <string>
+
+namespace {
+
+TEST(ResourceStrings, LoadsFromTheLibrarysOwnTable)
+{
+    char buf[64];
+    EXPECT_EQ(buf, fSString(IDS_CANNOT_OPEN_FILE, buf, sizeof(buf)));
+    EXPECT_STREQ("Cannot open file '%s'.", buf);
+    EXPECT_STREQ("System Error", fSString(IDS_SYSTEM_ERROR_CAPTION, buf, sizeof(buf)));
+    EXPECT_STREQ("Error %d: %s", fSString(IDS_DLL_ERROR_FRAME, buf, sizeof(buf)));
+}
+
+TEST(ResourceStrings, ShortBuffersAreCutAndNotOverrun)
+{
+    for (int size : {1, 2, 5, 14, 15}) {
+        char buf[32];
+        memset(buf, '#', sizeof(buf));
+        fSString(IDS_OUT_OF_MEMORY, buf, size);  // "Out of memory." (14 characters)
+        EXPECT_EQ(std::string("Out of memory.").substr(0, static_cast<size_t>(size - 1)), buf) << size;
+        EXPECT_EQ(std::string(sizeof(buf) - static_cast<size_t>(size), '#'),
+                  std::string(buf + size, sizeof(buf) - static_cast<size_t>(size)))
+            << size;
+    }
+}
+
+TEST(ResourceStrings, RingKeepsTheLastTwoResults)
+{
+    const char* first = _fString(IDS_SYSTEM_ERROR_CAPTION);
+    const char* second = _fString(IDS_SYSTEM_INFO_CAPTION);
+    EXPECT_NE(first, second);
+    EXPECT_STREQ("System Error", first);
+    EXPECT_STREQ("System Info", second);
+    const char* third = _fString(IDS_OUT_OF_MEMORY);
+    EXPECT_EQ(first, third);  // the third call takes the first slot again
+    EXPECT_STREQ("System Info", second);
+}
+
+TEST(ResourceStrings, MissingStringEndsTheProcess)
+{
+    if (tqmtest::ChildMode() == "missing-string") {
+        // The harness's hook prints the box it answers.
+        char buf[32];
+        fSString(4242, buf, sizeof(buf));
+        printf("fSString returned\n");
+        return;
+    }
+    tqmtest::ProcessResult child =
+        tqmtest::RunSelfAsChild("ResourceStrings.MissingStringEndsTheProcess", "missing-string", 60000);
+    ASSERT_TRUE(child.finished);
+    EXPECT_EQ(0x40000015u, child.exitCode);
+    EXPECT_NE(std::string::npos, child.output.find("Fatal error ID#4242")) << child.output;
+    EXPECT_EQ(std::string::npos, child.output.find("fSString returned"));
+}
+
+}  // namespace
