@@ -1,0 +1,229 @@
+#include "diag/TarnAssert.h"
+
+#include "TraceReceiver.h"
+#include "diag/DebugOutput.h"
+#include "support/BoxRecorder.h"
+#include "support/ChildProcess.h"
+
+#include <gtest/gtest.h>
+
+#include <string.h>
+
+#include <memory>
+#include <string>
+
+namespace {
+
+using tqmtest::BoxRecorder;
+using tqmtest::TraceReceiver;
+
+const std::string kSupport =
+    "\nPlease report this error to TARN-Holmvik support.\n\n"
+    "(press RETRY or IGNORE to ignore this error and continue)";
+const UINT kReportBoxType = MB_ABORTRETRYIGNORE | MB_ICONHAND | MB_TASKMODAL;
+
+// The system's text for a code, as FormatMessage gives it.
+std::string systemText(DWORD code)
+{
+    char* text = nullptr;
+    DWORD n = FormatMessageA(FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS,
+                             nullptr, code, MAKELANGID(LANG_NEUTRAL, SUBLANG_DEFAULT), reinterpret_cast<char*>(&text),
+                             0, nullptr);
+    std::string result(text ? text : "", n);
+    LocalFree(text);
+    return result;
+}
+
+class AssertionReport : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        if (tqmtest::ForeignReceiverRuns(TARN_TRACE_WINDOW_CLASS))
+            GTEST_SKIP() << "a trace viewer runs on this desktop";
+    }
+    void startViewer() { m_viewer = std::make_unique<TraceReceiver>(TARN_TRACE_WINDOW_CLASS); }
+    TraceReceiver& viewer() { return *m_viewer; }
+
+private:
+    std::unique_ptr<TraceReceiver> m_viewer;
+};
+
+TEST_F(AssertionReport, FailedAssertGoesToTheViewerAndAsksTheUser)
+{
+    startViewer();
+    BoxRecorder boxes(IDRETRY);
+    bool ranOn = false;
+    int line = __LINE__ + 1;
+    TARN_ASSERT(strlen("ab") == 3);
+    ranOn = true;
+
+    EXPECT_TRUE(ranOn);
+    std::string report = "TARN_ASSERT failed at line " + std::to_string(line) +
+                         " in AssertionReportTest:\n strlen(\"ab\") == 3\n";
+    ASSERT_EQ(1u, viewer().count());
+    EXPECT_EQ(report, viewer().last().data);
+    EXPECT_EQ(TARN_TRACE_TAG_VIEWER, viewer().last().tag);
+    ASSERT_EQ(1u, boxes.count());
+    EXPECT_EQ(report + kSupport, boxes.last().text);
+    EXPECT_EQ("diag_test", boxes.last().caption);
+    EXPECT_EQ(kReportBoxType, boxes.last().type);
+
+    // A check that holds reports nothing.
+    TARN_ASSERT(strlen("ab") == 2);
+    EXPECT_EQ(1u, viewer().count());
+    EXPECT_EQ(1u, boxes.count());
+}
+
+TEST_F(AssertionReport, ResultSaysWhetherTheViewerGotIt)
+{
+    BoxRecorder boxes(IDIGNORE);
+    EXPECT_FALSE(TarnDebug("TARN_ASSERT", "x", "Misc", 1));
+    EXPECT_EQ(1u, boxes.count());  // asked even without a viewer
+    startViewer();
+    EXPECT_TRUE(TarnDebug("TARN_ASSERT", "x", "Misc", 1));
+}
+
+TEST_F(AssertionReport, SourceIsNamedWithoutFolderAndExtension)
+{
+    startViewer();
+    BoxRecorder boxes;
+    struct Case
+    {
+        const char* file;
+        const char* name;
+    } cases[] = {
+        {"C:\\src\\tqmlib\\config\\Registry.cpp", "Registry"},
+        {"../../diag/RecFile.cpp", "RecFile"},
+        {"Misc", "Misc"},
+        {"tarnqm4", "tarnqm4"},
+        {"D:molecule.h", "molecule"},
+        {"dir.d/name.with.dots.cpp", "name.with.dots"},
+        {"", ""},
+        {nullptr, ""},
+    };
+    for (const Case& c : cases) {
+        viewer().clear();
+        TarnDebug("TARN_ASSERT", "e", c.file, 7);
+        EXPECT_EQ(std::string("TARN_ASSERT failed at line 7 in ") + c.name + ":\n e\n", viewer().last().data);
+    }
+}
+
+TEST_F(AssertionReport, SupportTextOnlyWhenItFitsBelow640)
+{
+    BoxRecorder boxes;
+    const std::string head = "TARN_ASSERT failed at line 1 in X:\n ";
+    auto reportOfLength = [&](size_t length) {
+        boxes.clear();
+        std::string expr(length - head.size() - 1, 'e');
+        TarnDebug("TARN_ASSERT", expr.c_str(), "X", 1);
+        return head + expr + "\n";
+    };
+    std::string report = reportOfLength(639 - kSupport.size());  // together 639: fits
+    EXPECT_EQ(report + kSupport, boxes.last().text);
+    report = reportOfLength(640 - kSupport.size());  // together 640: does not
+    EXPECT_EQ(report, boxes.last().text);
+    report = reportOfLength(600);
+    EXPECT_EQ(report, boxes.last().text);
+}
+
+TEST_F(AssertionReport, LongReportsAreCutAt640Characters)
+{
+    startViewer();
+    BoxRecorder boxes;
+    std::string expr(5000, 'x');
+    TarnDebug("TARN_ASSERT", expr.c_str(), "X", 1);
+    std::string expected = ("TARN_ASSERT failed at line 1 in X:\n " + expr).substr(0, 640);
+    EXPECT_EQ(expected, viewer().last().data);
+    EXPECT_EQ(expected, boxes.last().text);
+}
+
+TEST_F(AssertionReport, OtherMacrosOnlyReportToTheViewer)
+{
+    BoxRecorder boxes;
+    EXPECT_FALSE(TarnDebug("ASSERT", "p != NULL", "App.cpp", 12));
+    EXPECT_FALSE(TarnDebug("TAR_VERIFY", "p != NULL", "App.cpp", 12, ERROR_FILE_NOT_FOUND));
+    EXPECT_FALSE(TarnDebug(nullptr, nullptr, nullptr, 0));
+    EXPECT_EQ(0u, boxes.count());
+    startViewer();
+    EXPECT_TRUE(TarnDebug("ASSERT", "p != NULL", "App.cpp", 12));
+    EXPECT_EQ("ASSERT failed at line 12 in App:\n p != NULL\n", viewer().last().data);
+    EXPECT_EQ(0u, boxes.count());
+}
+
+TEST_F(AssertionReport, VerifyReportsAKnownCodeByNumber)
+{
+    startViewer();
+    BoxRecorder boxes;
+    int evaluations = 0;
+    int line = __LINE__ + 2;
+    SetLastError(ERROR_ACCESS_DENIED);
+    TARN_VERIFY(++evaluations == 0);
+    EXPECT_EQ(1, evaluations);
+
+    std::string report = "TARN_VERIFY failed at line " + std::to_string(line) +
+                         " in AssertionReportTest:\n++evaluations == 0\nCode: 5\n";
+    // The trace message is as long as the system's text for the code: deliberate.
+    size_t count = systemText(ERROR_ACCESS_DENIED).size();
+    ASSERT_GT(count, 0u);
+    ASSERT_EQ(1u, viewer().count());
+    EXPECT_EQ((report + std::string(640, '\0')).substr(0, count), viewer().last().data);
+    EXPECT_EQ(report + kSupport, boxes.last().text);
+
+    TARN_VERIFY(++evaluations == 2);
+    EXPECT_EQ(2, evaluations);
+    EXPECT_EQ(1u, boxes.count());
+}
+
+TEST_F(AssertionReport, VerifyShowsReasonWhenTheSystemHasNoText)
+{
+    startViewer();
+    BoxRecorder boxes;
+    const DWORD unknown = 0x2000ABCD;
+    ASSERT_EQ("", systemText(unknown));
+    TarnDebug("TARN_VERIFY", "Open(path)", "RecFile", 955, unknown);
+    std::string report = "TARN_VERIFY failed at line 955 in RecFile:\nOpen(path)\nReason: (null)\n";
+    EXPECT_EQ(report + kSupport, boxes.last().text);
+    ASSERT_EQ(1u, viewer().count());
+    EXPECT_EQ("", viewer().last().data);  // the system's text had no characters
+}
+
+TEST_F(AssertionReport, VerifySupportTextIsCutToTheRoomLeft)
+{
+    BoxRecorder boxes;
+    std::string expr(590, 'v');
+    TarnDebug("TARN_VERIFY", expr.c_str(), "X", 1, ERROR_FILE_NOT_FOUND);
+    std::string report = "TARN_VERIFY failed at line 1 in X:\n" + expr + "\nCode: 2\n";
+    ASSERT_LT(report.size(), 640u);
+    EXPECT_EQ((report + kSupport).substr(0, 640), boxes.last().text);
+}
+
+TEST_F(AssertionReport, RetryAndIgnoreBothReturn)
+{
+    for (int answer : {IDRETRY, IDIGNORE}) {
+        BoxRecorder boxes(answer);
+        bool after = false;
+        TARN_ASSERT(answer == 0);
+        after = true;
+        EXPECT_TRUE(after);
+        EXPECT_EQ(1u, boxes.count());
+    }
+}
+
+TEST(AssertionReportAbort, AbortEndsTheProcessAtOnce)
+{
+    if (tqmtest::ChildMode() == "abort") {
+        BoxRecorder boxes(IDABORT);
+        TARN_ASSERT(1 + 1 == 3);
+        printf("the assertion returned\n");
+        fflush(stdout);
+        ExitProcess(0);
+    }
+    tqmtest::ProcessResult child = tqmtest::RunSelfAsChild("AssertionReportAbort.AbortEndsTheProcessAtOnce", "abort",
+                                                           60000);
+    ASSERT_TRUE(child.finished);
+    EXPECT_EQ(3u, child.exitCode);
+    EXPECT_EQ(std::string::npos, child.output.find("the assertion returned")) << child.output;
+}
+
+}  // namespace
