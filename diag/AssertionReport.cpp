@@ -6,9 +6,9 @@
 #include "diag/ErrorReport.h"
 
 #include "diag/ProgramWindow.h"
+#include "diag/SystemMessage.h"
 #include "diag/TraceChannel.h"
 #include "diag/logic/ReportText.h"
-#include "framework/Handles.h"
 
 namespace {
 
@@ -46,17 +46,11 @@ bool WINAPI TarnDebug(const char* pszMacro, const char* pszExpr, const char* psz
     char source[MAX_PATH];
     tqm::SourceNameOf(pszFile, source, sizeof(source));
 
-    tqm::UniqueLocalMemory systemText;
-    char* pszReason = nullptr;
-    DWORD nReason = ::FormatMessageA(FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_FROM_SYSTEM |
-                                         FORMAT_MESSAGE_IGNORE_INSERTS,
-                                     nullptr, dwError, MAKELANGID(LANG_NEUTRAL, SUBLANG_DEFAULT),
-                                     reinterpret_cast<char*>(&pszReason), 0, nullptr);
-    systemText.reset(pszReason);
-
+    tqm::SystemMessage reason(dwError);
+    DWORD nReason = reason.length();
     tqm::ReportText report;
-    tqm::FormatVerificationReport(report, pszMacro, pszExpr, source, nLine, nReason ? pszReason : nullptr, dwError);
-    systemText.reset();
+    tqm::FormatVerificationReport(report, pszMacro, pszExpr, source, nLine, reason.text(), dwError);
+    reason.release();
 
     // The trace message carries as many characters as the system's text had,
     // not the report's length: deliberate, trace viewers of the suite expect

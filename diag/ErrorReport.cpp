@@ -9,8 +9,8 @@
 #include "config/ResourceStrings.h"
 #include "diag/MessageBoxHook.h"
 #include "diag/ProgramWindow.h"
+#include "diag/SystemMessage.h"
 #include "diag/logic/FixedText.h"
-#include "framework/Handles.h"
 #include "framework/ModuleState.h"
 #include "res/StringIds.h"
 
@@ -26,64 +26,49 @@ const int kMessageSize = 512;
 // DllError's text buffer, as the suite's programs have always had it.
 const int kDllErrorCapacity = 300;
 
-// A message of the library's table formatted with the system's routine
-// (wsprintf rules), cut to the buffer.
-void formatLibraryMessage(WORD nID, char* text, int size, ...)
+// The box of SystemError and SystemInfo: message nID of the library's table
+// formatted with the system's routine (wsprintf rules, cut to the buffer)
+// under caption captionID.
+template <typename Arg>
+int showLibraryMessage(HWND hWndOwner, WORD nID, WORD captionID, UINT type, Arg arg, int nArg)
 {
-    char format[kMessageSize];
-    fSString(nID, format, sizeof(format));
-    va_list args;
-    va_start(args, size);
-    ::wvnsprintfA(text, size, format, args);
-    va_end(args);
-    text[size - 1] = '\0';
+    char text[kBoxTextSize + 1];
+    char caption[kMessageSize];
+    {
+        tqm::LibraryResourceScope libraryStrings;
+        char format[kMessageSize];
+        fSString(nID, format, sizeof(format));
+        ::wnsprintfA(text, sizeof(text), format, arg, nArg);
+        text[kBoxTextSize] = '\0';
+        fSString(captionID, caption, sizeof(caption));
+    }
+    ::MessageBeep(MB_ICONHAND);
+    return tqm::ShowMessageBox(hWndOwner, text, caption, type);
 }
 
 }  // namespace
 
 int WINAPI SystemError(HWND hWndOwner, WORD nID, const char* pszArg, int nArg)
 {
-    char text[kBoxTextSize + 1];
-    char caption[kMessageSize];
-    {
-        tqm::LibraryResourceScope libraryStrings;
-        formatLibraryMessage(nID, text, sizeof(text), pszArg, nArg);
-        fSString(IDS_SYSTEM_ERROR_CAPTION, caption, sizeof(caption));
-    }
-    ::MessageBeep(MB_ICONHAND);
-    return tqm::ShowMessageBox(hWndOwner, text, caption, MB_OK | MB_ICONEXCLAMATION | MB_TASKMODAL);
+    return showLibraryMessage(hWndOwner, nID, IDS_SYSTEM_ERROR_CAPTION, MB_OK | MB_ICONEXCLAMATION | MB_TASKMODAL,
+                              pszArg, nArg);
 }
 
 int WINAPI SystemInfo(HWND hWndOwner, WORD nID, DWORD dwArg, int nArg)
 {
-    char text[kBoxTextSize + 1];
-    char caption[kMessageSize];
-    {
-        tqm::LibraryResourceScope libraryStrings;
-        formatLibraryMessage(nID, text, sizeof(text), dwArg, nArg);
-        fSString(IDS_SYSTEM_INFO_CAPTION, caption, sizeof(caption));
-    }
-    ::MessageBeep(MB_ICONHAND);
-    return tqm::ShowMessageBox(hWndOwner, text, caption, MB_OK | MB_ICONINFORMATION);
+    return showLibraryMessage(hWndOwner, nID, IDS_SYSTEM_INFO_CAPTION, MB_OK | MB_ICONINFORMATION, dwArg, nArg);
 }
 
 void WINAPI LastError(HWND hWndOwner)
 {
-    DWORD dwError = ::GetLastError();  // before anything else can change it
-    tqm::UniqueLocalMemory systemText;
-    char* pszText = nullptr;
-    DWORD n = ::FormatMessageA(FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_FROM_SYSTEM |
-                                   FORMAT_MESSAGE_IGNORE_INSERTS,
-                               nullptr, dwError, MAKELANGID(LANG_NEUTRAL, SUBLANG_DEFAULT),
-                               reinterpret_cast<char*>(&pszText), 0, nullptr);
-    systemText.reset(pszText);
+    tqm::SystemMessage message(::GetLastError());  // before anything else can change it
     char caption[kMessageSize];
     {
         tqm::LibraryResourceScope libraryStrings;
         fSString(IDS_SYSTEM_ERROR_CAPTION, caption, sizeof(caption));
     }
     ::MessageBeep(MB_ICONHAND);
-    tqm::ShowMessageBox(hWndOwner, n && pszText ? pszText : "Unknown Error", caption,
+    tqm::ShowMessageBox(hWndOwner, message.text() ? message.text() : "Unknown Error", caption,
                         MB_OK | MB_ICONEXCLAMATION | MB_TASKMODAL);
 }
 

@@ -1,5 +1,6 @@
 #include "diag/TarnAssert.h"
 
+#include "SystemText.h"
 #include "TraceReceiver.h"
 #include "diag/DebugOutput.h"
 #include "support/BoxRecorder.h"
@@ -22,17 +23,6 @@ const std::string kSupport =
     "(press RETRY or IGNORE to ignore this error and continue)";
 const UINT kReportBoxType = MB_ABORTRETRYIGNORE | MB_ICONHAND | MB_TASKMODAL;
 
-// The system's text for a code, as FormatMessage gives it.
-std::string systemText(DWORD code)
-{
-    char* text = nullptr;
-    DWORD n = FormatMessageA(FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS,
-                             nullptr, code, MAKELANGID(LANG_NEUTRAL, SUBLANG_DEFAULT), reinterpret_cast<char*>(&text),
-                             0, nullptr);
-    std::string result(text ? text : "", n);
-    LocalFree(text);
-    return result;
-}
 
 class AssertionReport : public testing::Test
 {
@@ -164,7 +154,7 @@ TEST_F(AssertionReport, VerifyReportsAKnownCodeByNumber)
     std::string report = "TARN_VERIFY failed at line " + std::to_string(line) +
                          " in AssertionReportTest:\n++evaluations == 0\nCode: 5\n";
     // The trace message is as long as the system's text for the code: deliberate.
-    size_t count = systemText(ERROR_ACCESS_DENIED).size();
+    size_t count = tqmtest::SystemText(ERROR_ACCESS_DENIED).size();
     ASSERT_GT(count, 0u);
     ASSERT_EQ(1u, viewer().count());
     EXPECT_EQ((report + std::string(640, '\0')).substr(0, count), viewer().last().data);
@@ -180,7 +170,7 @@ TEST_F(AssertionReport, VerifyShowsReasonWhenTheSystemHasNoText)
     startViewer();
     BoxRecorder boxes;
     const DWORD unknown = 0x2000ABCD;
-    ASSERT_EQ("", systemText(unknown));
+    ASSERT_EQ("", tqmtest::SystemText(unknown));
     TarnDebug("TARN_VERIFY", "Open(path)", "RecFile", 955, unknown);
     std::string report = "TARN_VERIFY failed at line 955 in RecFile:\nOpen(path)\nReason: (null)\n";
     EXPECT_EQ(report + kSupport, boxes.last().text);

@@ -2,6 +2,7 @@
 
 #include "diag/MessageBoxHook.h"
 
+#include "SystemText.h"
 #include "framework/ModuleState.h"
 #include "res/StringIds.h"
 #include "support/BoxRecorder.h"
@@ -17,16 +18,6 @@ using tqmtest::BoxRecorder;
 
 const HWND kOwner = reinterpret_cast<HWND>(static_cast<ULONG_PTR>(0x1234));
 
-std::string systemText(DWORD code)
-{
-    char* text = nullptr;
-    DWORD n = FormatMessageA(FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS,
-                             nullptr, code, MAKELANGID(LANG_NEUTRAL, SUBLANG_DEFAULT), reinterpret_cast<char*>(&text),
-                             0, nullptr);
-    std::string result(text ? text : "", n);
-    LocalFree(text);
-    return result;
-}
 
 // The program's resource source is what it was before each report.
 class ErrorReport : public testing::Test
@@ -92,7 +83,7 @@ TEST_F(ErrorReport, LastErrorShowsTheSystemsTextForTheCode)
 {
     BoxRecorder boxes;
     for (DWORD code : {DWORD(0), DWORD(ERROR_FILE_NOT_FOUND), DWORD(ERROR_ACCESS_DENIED)}) {
-        std::string expected = systemText(code);
+        std::string expected = tqmtest::SystemText(code);
         ASSERT_FALSE(expected.empty()) << code;
         SetLastError(code);
         LastError(kOwner);
