@@ -11,17 +11,12 @@
 
 namespace {
 
-TEST(ResourceStrings, LoadsFromTheLibrarysOwnTable)
+TEST(ResourceStrings, LoadsFromTheLibrarysTableIntoTheRoomGiven)
 {
-    char buf[64];
-    EXPECT_EQ(buf, fSString(IDS_CANNOT_OPEN_FILE, buf, sizeof(buf)));
-    EXPECT_STREQ("Cannot open file '%s'.", buf);
-    EXPECT_STREQ("System Error", fSString(IDS_SYSTEM_ERROR_CAPTION, buf, sizeof(buf)));
-    EXPECT_STREQ("Error %d: %s", fSString(IDS_DLL_ERROR_FRAME, buf, sizeof(buf)));
-}
+    char text[64];
+    EXPECT_EQ(text, fSString(IDS_CANNOT_OPEN_FILE, text, sizeof(text)));
+    EXPECT_STREQ("Cannot open file '%s'.", text);
 
-TEST(ResourceStrings, ShortBuffersAreCutAndNotOverrun)
-{
     for (int size : {1, 2, 5, 14, 15}) {
         char buf[32];
         memset(buf, '#', sizeof(buf));

@@ -38,42 +38,21 @@ private:
     HINSTANCE m_saved = nullptr;
 };
 
-TEST_F(ErrorReport, SystemErrorFormatsALibraryMessage)
+TEST_F(ErrorReport, SystemErrorAndInfoFormatALibraryMessage)
 {
-    BoxRecorder boxes(IDOK);
-    EXPECT_EQ(IDOK, SystemError(kOwner, IDS_CANNOT_OPEN_FILE, "x.dat", 0));
+    BoxRecorder boxes(IDCANCEL);
+    EXPECT_EQ(IDCANCEL, SystemError(kOwner, IDS_CANNOT_OPEN_FILE, "x.dat", 0));
     ASSERT_EQ(1u, boxes.count());
     EXPECT_EQ("Cannot open file 'x.dat'.", boxes.last().text);
     EXPECT_EQ("System Error", boxes.last().caption);
     EXPECT_EQ(kOwner, boxes.last().owner);
     EXPECT_EQ(static_cast<UINT>(MB_OK | MB_ICONEXCLAMATION | MB_TASKMODAL), boxes.last().type);
 
-    SystemError(nullptr, IDS_OUT_OF_MEMORY, nullptr, 0);
-    EXPECT_EQ("Out of memory.", boxes.last().text);
-}
-
-TEST_F(ErrorReport, SystemErrorReturnsTheAnswer)
-{
-    BoxRecorder boxes(IDCANCEL);
-    EXPECT_EQ(IDCANCEL, SystemError(nullptr, IDS_BROWSE_FOR_MISSING, "lib.tarnlin", 0));
-    EXPECT_EQ("'lib.tarnlin' could not be found. Do you want to browse for it?", boxes.last().text);
-}
-
-TEST_F(ErrorReport, SystemErrorCutsLongArguments)
-{
-    BoxRecorder boxes;
     std::string path(3000, 'p');
     SystemError(nullptr, IDS_READ_ERROR, path.c_str(), 0);
-    ASSERT_EQ(1u, boxes.count());
-    EXPECT_EQ(1024u, boxes.last().text.size());
-    EXPECT_EQ("Read error on file: ppp", boxes.last().text.substr(0, 23));
-}
+    EXPECT_EQ(("Read error on file: " + path).substr(0, 1024), boxes.last().text);
 
-TEST_F(ErrorReport, SystemInfoUsesItsOwnCaptionAndIcon)
-{
-    BoxRecorder boxes;
     SystemInfo(kOwner, IDS_OUT_OF_MEMORY, 0, 0);
-    ASSERT_EQ(1u, boxes.count());
     EXPECT_EQ("Out of memory.", boxes.last().text);
     EXPECT_EQ("System Info", boxes.last().caption);
     EXPECT_EQ(static_cast<UINT>(MB_OK | MB_ICONINFORMATION), boxes.last().type);
@@ -106,13 +85,6 @@ TEST_F(ErrorReport, DllErrorNumbersTheMessageAndKeepsItsPlaceholders)
     EXPECT_EQ("diag_test", boxes.last().caption);
     EXPECT_EQ(static_cast<UINT>(MB_OK), boxes.last().type);
 
-    DllError(IDS_OUT_OF_MEMORY);
-    EXPECT_EQ("Error 135: Out of memory.", boxes.last().text);
-}
-
-TEST_F(ErrorReport, DllErrorCutsItsTextAt300Characters)
-{
-    BoxRecorder boxes;
     std::string name(1000, 'n');
     DllError(IDS_WRITE_ERROR, name.c_str());
     EXPECT_EQ(("Error 143: Write error on file: " + name).substr(0, 300), boxes.last().text);

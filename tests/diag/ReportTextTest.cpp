@@ -8,20 +8,6 @@
 
 namespace {
 
-TEST(ReportText, FixedTextCutsAtItsCapacityAndStaysTerminated)
-{
-    tqm::FixedText<8> text;
-    EXPECT_TRUE(text.append("abc"));
-    EXPECT_TRUE(text.appendFormat("%d", 12));
-    EXPECT_FALSE(text.appendFormat("%s", "defgh"));
-    EXPECT_STREQ("abc12def", text.c_str());
-    EXPECT_EQ(8, text.length());
-    EXPECT_EQ(0, text.room());
-    EXPECT_FALSE(text.append("x"));
-    EXPECT_FALSE(text.appendFormat("y"));
-    EXPECT_STREQ("abc12def", text.c_str());
-}
-
 TEST(ReportText, SourceNameOfFitsItsBuffer)
 {
     char guarded[8];
