@@ -19,20 +19,6 @@ TraceReceiver::~TraceReceiver()
     UnregisterClassA(m_className.c_str(), GetModuleHandleA(nullptr));
 }
 
-bool TraceReceiver::pumpUntil(size_t n, DWORD timeoutMs)
-{
-    DWORD start = GetTickCount();
-    while (m_messages.size() < n) {
-        if (GetTickCount() - start > timeoutMs)
-            return false;
-        MsgWaitForMultipleObjects(0, nullptr, FALSE, 50, QS_ALLINPUT | QS_SENDMESSAGE);
-        MSG msg;
-        while (PeekMessageA(&msg, nullptr, 0, 0, PM_REMOVE))
-            DispatchMessageA(&msg);
-    }
-    return true;
-}
-
 LRESULT CALLBACK TraceReceiver::windowProc(HWND hWnd, UINT msg, WPARAM wParam, LPARAM lParam)
 {
     auto* self = reinterpret_cast<TraceReceiver*>(GetWindowLongPtrA(hWnd, GWLP_USERDATA));
@@ -48,13 +34,5 @@ LRESULT CALLBACK TraceReceiver::windowProc(HWND hWnd, UINT msg, WPARAM wParam, L
 }
 
 bool ForeignReceiverRuns(const char* className) { return FindWindowA(className, nullptr) != nullptr; }
-
-VisibleMainWindow::VisibleMainWindow()
-{
-    m_hWnd = CreateWindowA("STATIC", "main", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 100, 100, nullptr, nullptr,
-                           GetModuleHandleA(nullptr), nullptr);
-}
-
-VisibleMainWindow::~VisibleMainWindow() { DestroyWindow(m_hWnd); }
 
 }  // namespace tqmtest
