@@ -10,6 +10,7 @@
 
 #include <functional>
 #include <string>
+#include <thread>
 #include <vector>
 
 using rectest::Probe;
@@ -432,6 +433,20 @@ TEST_F(RecFileFailureTest, ThrowsFileExceptionsWithCauseCodeAndPath)
     EXPECT_TRUE(t.thrown);
     EXPECT_EQ(CFileException::sharingViolation, t.cause);
     EXPECT_TRUE(first.Close());
+}
+
+TEST_F(RecFileFailureTest, LastErrorHoldsOnAFreshThread)
+{
+    // The first call on a thread sets up the thread's slot for exceptions;
+    // the failure's code must survive that.
+    ASSERT_TRUE(tqmtest::WriteBytes(path(), "plain text"));
+    DWORD error = 0;
+    std::thread([&] {
+        CRecFile rec(FALSE);
+        rec.Open(path().c_str(), kAny, FALSE);
+        error = GetLastError();
+    }).join();
+    EXPECT_EQ(ERROR_BAD_FORMAT, error);
 }
 
 TEST_F(RecFileFailureTest, FailedCreateLeavesNothingAndNeedsNoClose)
