@@ -28,6 +28,11 @@
 // derived class that calls those directly takes the parked exception itself
 // with TqmTakeDeferredException.
 //
+// Records are gathered in memory and reach the disk in large pieces, at the
+// latest when the file is closed (also by a failure or the destructor). A
+// write the disk refuses is therefore reported by whichever call wrote at
+// the time, Close included.
+//
 // An object is used by one thread. The file is opened without sharing.
 #pragma once
 

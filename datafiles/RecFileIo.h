@@ -5,9 +5,13 @@
 // the work. So the object keeps one buffer:
 // - reading, it holds a window of the file: stepping from record to record
 //   costs no system call until the window is used up;
-// - writing, it gathers the bytes appended since the last flush, which
-//   CRecFile flushes at the end of every record. Only a record larger than
-//   the buffer goes to disk in several writes.
+// - writing, it gathers the bytes appended since the last flush and writes
+//   them when the buffer is full, before any read or move, and when the file
+//   is closed. A record's header stays in memory until its length and
+//   checksum are known, unless the record is larger than the buffer.
+// Reads and writes name their offsets (the system's file pointer plays no
+// part); under Wine such a write costs as much as a dozen plain ones, so the
+// writes are few and large.
 // Positions are file offsets below 4 GiB, as record files use them. A
 // failure returns false with the system's code as the thread's last error.
 #pragma once

@@ -45,11 +45,13 @@ BOOL CRecFile::writeRecData(const void* pData, DWORD dwSize)
     return TRUE;
 }
 
-// Fills in the record's length and checksum. While the record is still
-// gathered in memory (the usual case) that happens there and the record goes
-// to disk in one write. A record too large for the buffer is partly on disk
-// already: then its header is read back and checked for magic, type and
-// parameter before the two fields are written in place.
+// Fills in the record's length and checksum. While the record's header is
+// still gathered in memory (the usual case) that happens there, and the
+// record goes to disk with the records around it when the buffer is full or
+// the file is closed: the file is not shared, so nobody can look at it
+// before. A record too large for the buffer is partly on disk already: then
+// its header is read back and checked for magic, type and parameter before
+// the two fields are written in place.
 BOOL CRecFile::writeRecEnd()
 {
     if (!isWriting() || m_nRecState != kHeaderDone)
@@ -66,8 +68,6 @@ BOOL CRecFile::writeRecEnd()
     if (BYTE* pGathered = m_pIo->pendingBytes(m_dwRecStartPos, tqm::kRecordHeaderSize)) {
         // Only this object writes the buffer, so the header there is unchanged.
         memcpy(pGathered + tqm::kRecordHeaderLengthOffset, pTail, dwTailSize);
-        if (!m_pIo->flush())
-            return error(0xFFFFFFFF);
     } else {
         BYTE onDisk[tqm::kRecordHeaderIdentitySize];
         DWORD dwRead = 0;
@@ -75,7 +75,7 @@ BOOL CRecFile::writeRecEnd()
             return error(0xFFFFFFFF);
         if (dwRead != sizeof(onDisk) || memcmp(onDisk, raw, sizeof(onDisk)) != 0)
             return error(ERROR_SEEK);
-        if (!m_pIo->write(pTail, dwTailSize) || !m_pIo->seekFromEnd(0) || !m_pIo->flush())
+        if (!m_pIo->write(pTail, dwTailSize) || !m_pIo->seekFromEnd(0))
             return error(0xFFFFFFFF);
     }
     m_dwRecStartPos = 0xFFFFFFFF;

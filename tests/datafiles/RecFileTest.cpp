@@ -209,6 +209,40 @@ TEST_F(RecFileTest, SeeksToNotedOffsets)
     EXPECT_TRUE(rec.Close());
 }
 
+TEST_F(RecFileTest, ManySmallRecordsAcrossBufferBoundaries)
+{
+    // Sizes that put record headers across every boundary of the writer's
+    // and the reader's buffers sooner or later.
+    std::vector<Record> records;
+    for (DWORD i = 0; i < 6000; ++i)
+        records.push_back({i % 3, i, std::string(i % 53, static_cast<char>('a' + i % 26))});
+    std::vector<DWORD> offsets;
+    {
+        CRecFile rec(FALSE);
+        ASSERT_TRUE(rec.Create(path().c_str(), 2, 1, "Many"));
+        for (const Record& r : records) {
+            offsets.push_back(rec.GetRecFilePointer());
+            ASSERT_TRUE(rec.WriteRec(r.type, r.param, static_cast<DWORD>(r.data.size()), r.data.data()));
+        }
+        ASSERT_TRUE(rec.Close());
+    }
+    DWORD error = 0;
+    std::vector<Record> read = rectest::ReadAll(path(), &error);
+    ASSERT_EQ(0u, error);
+    ASSERT_EQ(records.size() + 1, read.size());
+    for (size_t i = 0; i < records.size(); ++i) {
+        ASSERT_EQ(records[i].param, read[i + 1].param);
+        ASSERT_EQ(records[i].data, read[i + 1].data);
+    }
+    CRecFile rec(FALSE);
+    ASSERT_TRUE(rec.Open(path().c_str(), kAny, FALSE));
+    for (size_t i = records.size(); i-- > 0; i -= i > 97 ? 96 : 0) {
+        ASSERT_TRUE(rec.SeekToRecord(offsets[i]));
+        EXPECT_EQ(records[i].param, rec.GetRecHdr()->dwRecParam);
+    }
+    EXPECT_TRUE(rec.Close());
+}
+
 TEST_F(RecFileTest, OpenForWritingAppends)
 {
     std::vector<Record> records = sampleRecords();
