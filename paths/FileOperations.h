@@ -9,7 +9,8 @@
 // component, optional recycle bin), silently and without confirmations.
 // Their sources and targets must be full paths: a path holding ".." or ".\"
 // is refused without touching the disk, as is a target holding a wildcard,
-// a path longer than MAX_PATH characters, and a source that does not exist.
+// a path longer than MAX_PATH characters, a source that does not exist, and
+// a rename, move or copy without a target.
 // Each shell call is followed by a pause of 100 ms that gives the shell time
 // to let go of the files.
 //

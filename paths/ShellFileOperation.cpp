@@ -124,6 +124,14 @@ BOOL WINAPI TQMRename(const char* oldPath, const char* newPath)
     return runShellOperation(FO_RENAME, oldPath, newPath, false);
 }
 
-BOOL WINAPI TQMMove(const char* from, const char* to) { return runShellOperation(FO_MOVE, from, to, false); }
+// A move or copy without a target is refused: the shell would take the
+// current folder, which the caller never named.
+BOOL WINAPI TQMMove(const char* from, const char* to)
+{
+    return isEmpty(to) ? FALSE : runShellOperation(FO_MOVE, from, to, false);
+}
 
-BOOL WINAPI TQMCopy(const char* from, const char* to) { return runShellOperation(FO_COPY, from, to, false); }
+BOOL WINAPI TQMCopy(const char* from, const char* to)
+{
+    return isEmpty(to) ? FALSE : runShellOperation(FO_COPY, from, to, false);
+}
