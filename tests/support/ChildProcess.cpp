@@ -1,67 +1,93 @@
 #include "support/ChildProcess.h"
 
-#include "support/FileUtil.h"
-#include "support/TempDir.h"
-
 #include "framework/Handles.h"
 
 #include <windows.h>
 
+#include <thread>
 #include <vector>
 
 namespace tqmtest {
 namespace {
 
-// An inheritable handle to a file of the exchange folder.
-tqm::UniqueFile openInheritable(const std::string& path, DWORD access, DWORD disposition)
+// A pipe whose child end is inheritable and whose parent end is not.
+struct Pipe
+{
+    tqm::UniqueHandle parentEnd;
+    tqm::UniqueHandle childEnd;
+};
+
+bool makePipe(Pipe& pipe, bool childReads)
 {
     SECURITY_ATTRIBUTES inherit = {sizeof(inherit), nullptr, TRUE};
-    return tqm::UniqueFile(CreateFileA(path.c_str(), access, FILE_SHARE_READ | FILE_SHARE_WRITE, &inherit,
-                                       disposition, FILE_ATTRIBUTE_NORMAL, nullptr));
+    HANDLE hRead = nullptr;
+    HANDLE hWrite = nullptr;
+    if (!CreatePipe(&hRead, &hWrite, &inherit, 0))
+        return false;
+    pipe.parentEnd.reset(childReads ? hWrite : hRead);
+    pipe.childEnd.reset(childReads ? hRead : hWrite);
+    return SetHandleInformation(pipe.parentEnd.get(), HANDLE_FLAG_INHERIT, 0) != FALSE;
+}
+
+void drain(HANDLE hRead, std::string& text)
+{
+    char buffer[4096];
+    DWORD got = 0;
+    while (ReadFile(hRead, buffer, sizeof(buffer), &got, nullptr) && got > 0)
+        text.append(buffer, got);
 }
 
 }  // namespace
 
 ProgramRun RunProgram(const std::string& commandLine, const std::string& input, unsigned timeoutMs)
 {
-    // Files rather than pipes: the child can write as much as it likes to
-    // both streams without either side waiting on the other.
-    TempDir exchange;
     ProgramRun run{-1, std::string(), std::string()};
-    if (!WriteBytes(exchange.file("in"), input))
+    Pipe in, out, err;
+    if (!makePipe(in, true) || !makePipe(out, false) || !makePipe(err, false))
         return run;
-    {
-        tqm::UniqueFile in = openInheritable(exchange.file("in"), GENERIC_READ, OPEN_EXISTING);
-        tqm::UniqueFile out = openInheritable(exchange.file("out"), GENERIC_WRITE, CREATE_ALWAYS);
-        tqm::UniqueFile err = openInheritable(exchange.file("err"), GENERIC_WRITE, CREATE_ALWAYS);
-        if (!in || !out || !err)
-            return run;
 
-        STARTUPINFOA startup = {};
-        startup.cb = sizeof(startup);
-        startup.dwFlags = STARTF_USESTDHANDLES;
-        startup.hStdInput = in.get();
-        startup.hStdOutput = out.get();
-        startup.hStdError = err.get();
-        PROCESS_INFORMATION process = {};
-        std::vector<char> line(commandLine.begin(), commandLine.end());
-        line.push_back('\0');
-        if (!CreateProcessA(nullptr, line.data(), nullptr, nullptr, TRUE, CREATE_NO_WINDOW, nullptr, nullptr,
-                            &startup, &process))
-            return run;
-        tqm::UniqueHandle hProcess(process.hProcess);
-        tqm::UniqueHandle hThread(process.hThread);
-        if (WaitForSingleObject(hProcess.get(), timeoutMs) != WAIT_OBJECT_0) {
-            TerminateProcess(hProcess.get(), 1);
-            WaitForSingleObject(hProcess.get(), INFINITE);
-        } else {
-            DWORD code = 0;
-            GetExitCodeProcess(hProcess.get(), &code);
-            run.exitCode = static_cast<int>(code);
-        }
+    STARTUPINFOA startup = {};
+    startup.cb = sizeof(startup);
+    startup.dwFlags = STARTF_USESTDHANDLES;
+    startup.hStdInput = in.childEnd.get();
+    startup.hStdOutput = out.childEnd.get();
+    startup.hStdError = err.childEnd.get();
+    PROCESS_INFORMATION process = {};
+    std::vector<char> line(commandLine.begin(), commandLine.end());
+    line.push_back('\0');
+    const BOOL started = CreateProcessA(nullptr, line.data(), nullptr, nullptr, TRUE, CREATE_NO_WINDOW, nullptr,
+                                        nullptr, &startup, &process);
+    // Only the child holds its ends now, so the pipes end when it does.
+    in.childEnd.reset();
+    out.childEnd.reset();
+    err.childEnd.reset();
+    if (!started)
+        return run;
+    tqm::UniqueHandle hProcess(process.hProcess);
+    tqm::UniqueHandle hThread(process.hThread);
+
+    // Both streams are read while the child runs, so that it never waits on
+    // a full pipe; the input is written beside them.
+    std::thread outReader(drain, out.parentEnd.get(), std::ref(run.out));
+    std::thread errReader(drain, err.parentEnd.get(), std::ref(run.err));
+    std::thread writer([&] {
+        DWORD written = 0;
+        if (!input.empty())
+            WriteFile(in.parentEnd.get(), input.data(), static_cast<DWORD>(input.size()), &written, nullptr);
+        in.parentEnd.reset();
+    });
+
+    if (WaitForSingleObject(hProcess.get(), timeoutMs) != WAIT_OBJECT_0) {
+        TerminateProcess(hProcess.get(), 1);
+        WaitForSingleObject(hProcess.get(), INFINITE);
+    } else {
+        DWORD code = 0;
+        GetExitCodeProcess(hProcess.get(), &code);
+        run.exitCode = static_cast<int>(code);
     }
-    run.out = ReadBytes(exchange.file("out"));
-    run.err = ReadBytes(exchange.file("err"));
+    writer.join();
+    outReader.join();
+    errReader.join();
     return run;
 }
 
