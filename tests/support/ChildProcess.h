@@ -1,0 +1,25 @@
+// RunProgram - starts a program as a child process and collects what it
+// printed and its exit code, for tests of the command-line tool and of
+// programs that report on themselves.
+#pragma once
+
+#include <string>
+
+namespace tqmtest {
+
+struct ProgramRun
+{
+    int exitCode;     // -1 when the program could not start or was stopped
+    std::string out;  // standard output, as written (line ends included)
+    std::string err;  // standard error
+};
+
+// Runs commandLine (program path first, quoted where needed) with the given
+// standard input; a program still running after timeoutMs is stopped.
+ProgramRun RunProgram(const std::string& commandLine, const std::string& input = std::string(),
+                      unsigned timeoutMs = 60000);
+
+// The argument quoted for a command line where it holds blanks or quotes.
+std::string QuoteArgument(const std::string& argument);
+
+}  // namespace tqmtest
