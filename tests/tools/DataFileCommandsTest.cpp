@@ -2,91 +2,33 @@
 #include "datafiles/Crc.h"
 #include "datafiles/logic/RecordChecksum.h"
 #include "datafiles/logic/RecordHeader.h"
-#include "framework/Handles.h"
+#include "support/ChildProcess.h"
 #include "support/FileUtil.h"
+#include "support/FixtureFiles.h"
 #include "support/TempDir.h"
 
 #include <gtest/gtest.h>
 
-#include <windows.h>
-
 #include <string>
-#include <thread>
 #include <vector>
 
 namespace {
 
 struct TqmRun
 {
-    DWORD exitCode = 0xFFFFFFFF;
+    int exitCode;
     std::string out;
     std::string err;
 };
 
-std::string tqmPath()
-{
-    char self[MAX_PATH] = "";
-    GetModuleFileNameA(nullptr, self, MAX_PATH);
-    std::string path = self;
-    return path.substr(0, path.rfind('\\') + 1) + "tqm.exe";
-}
-
-std::string quote(const std::string& arg) { return "\"" + arg + "\""; }
-
-void drain(HANDLE h, std::string* into)
-{
-    char buf[4096];
-    DWORD n = 0;
-    while (ReadFile(h, buf, sizeof(buf), &n, nullptr) && n)
-        into->append(buf, n);
-}
-
-// Runs tqm with the arguments (each quoted) and the given standard input.
+// Runs tqm with the arguments and the given standard input.
 TqmRun runTqm(const std::vector<std::string>& args, const std::string& input = "")
 {
-    TqmRun run;
-    std::string command = quote(tqmPath());
-    for (const std::string& a : args)
-        command += " " + quote(a);
-
-    SECURITY_ATTRIBUTES inherit = {sizeof(inherit), nullptr, TRUE};
-    HANDLE inRead, inWrite, outRead, outWrite, errRead, errWrite;
-    if (!CreatePipe(&inRead, &inWrite, &inherit, 0) || !CreatePipe(&outRead, &outWrite, &inherit, 0) ||
-        !CreatePipe(&errRead, &errWrite, &inherit, 0))
-        return run;
-    tqm::UniqueHandle ownInRead(inRead), ownInWrite(inWrite), ownOutRead(outRead), ownOutWrite(outWrite),
-        ownErrRead(errRead), ownErrWrite(errWrite);
-    SetHandleInformation(inWrite, HANDLE_FLAG_INHERIT, 0);
-    SetHandleInformation(outRead, HANDLE_FLAG_INHERIT, 0);
-    SetHandleInformation(errRead, HANDLE_FLAG_INHERIT, 0);
-
-    STARTUPINFOA si = {};
-    si.cb = sizeof(si);
-    si.dwFlags = STARTF_USESTDHANDLES;
-    si.hStdInput = inRead;
-    si.hStdOutput = outWrite;
-    si.hStdError = errWrite;
-    PROCESS_INFORMATION pi = {};
-    std::vector<char> line(command.begin(), command.end());
-    line.push_back('\0');
-    if (!CreateProcessA(nullptr, line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &si, &pi))
-        return run;
-    tqm::UniqueHandle process(pi.hProcess), thread(pi.hThread);
-    ownInRead.reset();
-    ownOutWrite.reset();
-    ownErrWrite.reset();
-
-    std::thread outReader(drain, outRead, &run.out);
-    std::thread errReader(drain, errRead, &run.err);
-    DWORD written = 0;
-    if (!input.empty())
-        WriteFile(inWrite, input.data(), static_cast<DWORD>(input.size()), &written, nullptr);
-    ownInWrite.reset();
-    outReader.join();
-    errReader.join();
-    WaitForSingleObject(pi.hProcess, INFINITE);
-    GetExitCodeProcess(pi.hProcess, &run.exitCode);
-    return run;
+    std::string commandLine = tqmtest::QuoteArgument(tqmtest::ProgramDir() + "\\tqm.exe");
+    for (const std::string& arg : args)
+        commandLine += " " + tqmtest::QuoteArgument(arg);
+    tqmtest::ProgramRun run = tqmtest::RunProgram(commandLine, input);
+    return TqmRun{run.exitCode, run.out, run.err};
 }
 
 bool contains(const std::string& text, const std::string& part) { return text.find(part) != std::string::npos; }
@@ -113,7 +55,7 @@ TEST_F(DataFileCommandsTest, CrcOfFilesAndStandardInput)
     snprintf(bigCrc16, sizeof(bigCrc16), "%04x", CrcCalc(0, &big[0], UINT(big.size())));
 
     TqmRun r = runTqm({"crc32", digits, bigFile});
-    EXPECT_EQ(0u, r.exitCode) << r.err;
+    EXPECT_EQ(0, r.exitCode) << r.err;
     EXPECT_EQ("cbf43926  " + digits + "\r\n" + bigCrc + "  " + bigFile + "\r\n", r.out);
 
     r = runTqm({"crc32"}, "123456789");
@@ -132,14 +74,14 @@ TEST_F(DataFileCommandsTest, CrcOfFilesAndStandardInput)
     // A missing file fails, the others are still checksummed.
     std::string missing = dir.file("missing.bin");
     r = runTqm({"crc32", missing, digits});
-    EXPECT_EQ(1u, r.exitCode);
+    EXPECT_EQ(1, r.exitCode);
     EXPECT_EQ("cbf43926  " + digits + "\r\n", r.out);
     EXPECT_TRUE(contains(r.err, missing)) << r.err;
     r = runTqm({"crc16", "--head", missing});
-    EXPECT_EQ(1u, r.exitCode);
+    EXPECT_EQ(1, r.exitCode);
     EXPECT_TRUE(contains(r.err, "Cannot open file")) << r.err;
 
-    EXPECT_EQ(2u, runTqm({"crc32", "--bogus"}).exitCode);
+    EXPECT_EQ(2, runTqm({"crc32", "--bogus"}).exitCode);
 }
 
 TEST_F(DataFileCommandsTest, CreateAddListDumpVerify)
@@ -149,16 +91,16 @@ TEST_F(DataFileCommandsTest, CreateAddListDumpVerify)
     ASSERT_TRUE(tqmtest::WriteBytes(source, std::string(100000, 'S')));
 
     TqmRun r = runTqm({"rec", "create", file, "7", "0x10", "Tool test"});
-    ASSERT_EQ(0u, r.exitCode) << r.err;
+    ASSERT_EQ(0, r.exitCode) << r.err;
     r = runTqm({"rec", "add", file, "5", "100", "--text", "hello"});
-    ASSERT_EQ(0u, r.exitCode) << r.err;
+    ASSERT_EQ(0, r.exitCode) << r.err;
     EXPECT_TRUE(contains(r.out, "type 5, param 100, 5 bytes")) << r.out;
-    ASSERT_EQ(0u, runTqm({"rec", "add", file, "6", "0xFFFFFFFF", "--hex", "00 01 fe FF"}).exitCode);
-    ASSERT_EQ(0u, runTqm({"rec", "add", file, "8", "2", "--file", source}).exitCode);
-    ASSERT_EQ(0u, runTqm({"rec", "add", file, "9", "3", "--file", "-"}, "piped").exitCode);
+    ASSERT_EQ(0, runTqm({"rec", "add", file, "6", "0xFFFFFFFF", "--hex", "00 01 fe FF"}).exitCode);
+    ASSERT_EQ(0, runTqm({"rec", "add", file, "8", "2", "--file", source}).exitCode);
+    ASSERT_EQ(0, runTqm({"rec", "add", file, "9", "3", "--file", "-"}, "piped").exitCode);
 
     r = runTqm({"rec", "list", file});
-    EXPECT_EQ(0u, r.exitCode) << r.err;
+    EXPECT_EQ(0, r.exitCode) << r.err;
     EXPECT_TRUE(contains(r.out, "type:        7")) << r.out;
     EXPECT_TRUE(contains(r.out, "version:     16")) << r.out;
     EXPECT_TRUE(contains(r.out, "description: Tool test")) << r.out;
@@ -167,13 +109,13 @@ TEST_F(DataFileCommandsTest, CreateAddListDumpVerify)
     EXPECT_TRUE(contains(r.out, "100000  ok")) << r.out;
 
     r = runTqm({"rec", "dump", file});
-    EXPECT_EQ(0u, r.exitCode) << r.err;
+    EXPECT_EQ(0, r.exitCode) << r.err;
     EXPECT_TRUE(contains(r.out, "  00000000  00 01 fe ff  ")) << r.out.substr(0, 2000);
     EXPECT_TRUE(contains(r.out, "|hello|")) << r.out.substr(0, 2000);
     EXPECT_TRUE(contains(r.out, "|piped|")) << r.out.substr(0, 2000);
 
     r = runTqm({"rec", "verify", file});
-    EXPECT_EQ(0u, r.exitCode) << r.err;
+    EXPECT_EQ(0, r.exitCode) << r.err;
     EXPECT_EQ(file + ": descriptor and 4 records, all checksums correct\r\n", r.out);
 
     // The same file through standard input.
@@ -184,9 +126,9 @@ TEST_F(DataFileCommandsTest, CreateAddListDumpVerify)
 TEST_F(DataFileCommandsTest, VerifyNamesTheFirstDamage)
 {
     std::string file = dir.file("b.rec");
-    ASSERT_EQ(0u, runTqm({"rec", "create", file, "2", "1", "Damage"}).exitCode);
-    ASSERT_EQ(0u, runTqm({"rec", "add", file, "1", "1", "--text", "first record"}).exitCode);
-    ASSERT_EQ(0u, runTqm({"rec", "add", file, "1", "2", "--text", "second record"}).exitCode);
+    ASSERT_EQ(0, runTqm({"rec", "create", file, "2", "1", "Damage"}).exitCode);
+    ASSERT_EQ(0, runTqm({"rec", "add", file, "1", "1", "--text", "first record"}).exitCode);
+    ASSERT_EQ(0, runTqm({"rec", "add", file, "1", "2", "--text", "second record"}).exitCode);
     std::string good = tqmtest::ReadBytes(file);
     size_t second = good.rfind("****");
     std::string damaged = dir.file("damaged.rec");
@@ -210,15 +152,15 @@ TEST_F(DataFileCommandsTest, VerifyNamesTheFirstDamage)
     for (const Case& c : cases) {
         ASSERT_TRUE(tqmtest::WriteBytes(damaged, c.bytes));
         TqmRun r = runTqm({"rec", "verify", damaged});
-        EXPECT_EQ(1u, r.exitCode) << c.what;
+        EXPECT_EQ(1, r.exitCode) << c.what;
         EXPECT_TRUE(contains(r.out, damaged + ": " + c.verdict)) << c.what << ": " << r.out;
         r = runTqm({"rec", "list", damaged});
-        EXPECT_EQ(1u, r.exitCode) << c.what;
+        EXPECT_EQ(1, r.exitCode) << c.what;
         EXPECT_TRUE(contains(r.err, c.verdict)) << c.what << ": " << r.err;
     }
 
     TqmRun r = runTqm({"rec", "verify", dir.file("missing.rec")});
-    EXPECT_EQ(1u, r.exitCode);
+    EXPECT_EQ(1, r.exitCode);
     EXPECT_TRUE(contains(r.err, "cannot open")) << r.err;
 }
 
@@ -236,7 +178,7 @@ TEST_F(DataFileCommandsTest, ListsAnOldFile)
     std::string file = dir.file("old.rec");
     ASSERT_TRUE(tqmtest::WriteBytes(file, bytes));
     TqmRun r = runTqm({"rec", "list", file});
-    EXPECT_EQ(0u, r.exitCode) << r.err;
+    EXPECT_EQ(0, r.exitCode) << r.err;
     EXPECT_TRUE(contains(r.out, "old text line, records from offset 42")) << r.out;
     EXPECT_TRUE(contains(r.out, "rotate and exclusive-or")) << r.out;
     EXPECT_TRUE(contains(r.out, "created:     01/02/1999 03:04:05")) << r.out;
@@ -259,12 +201,12 @@ TEST_F(DataFileCommandsTest, UsageErrors)
     };
     for (const auto& args : bad) {
         TqmRun r = runTqm(args);
-        EXPECT_EQ(2u, r.exitCode) << args.size() << " " << r.err;
+        EXPECT_EQ(2, r.exitCode) << args.size() << " " << r.err;
     }
     EXPECT_FALSE(tqmtest::PathExists(file));
     // A description too long for the library is refused by it.
     TqmRun r = runTqm({"rec", "create", file, "1", "1", std::string(1025, 'd')});
-    EXPECT_EQ(1u, r.exitCode);
+    EXPECT_EQ(1, r.exitCode);
     EXPECT_FALSE(tqmtest::PathExists(file));
 }
 
