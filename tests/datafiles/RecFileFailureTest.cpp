@@ -74,91 +74,68 @@ enum Setup
 
 struct Misuse
 {
-    const char* what;
     Setup setup;
-    std::function<BOOL(Probe&, const std::string&)> call;
+    const char* call;
+    std::function<BOOL(Probe&, const std::string&)> run;
 };
 
-BOOL pointerResult(DWORD pos) { return pos != 0xFFFFFFFF; }
+// A call on the object f (p: the path of another file), named by its own text.
+#define MISUSE(setup, call) {setup, #call, [&](Probe& f, const std::string& p) { (void)p; return BOOL(call); }}
 
 TEST_F(RecFileFailureTest, EveryCallInTheWrongStateFailsWithInvalidFunctionAndClosesTheFile)
 {
     ASSERT_TRUE(tqmtest::WriteBytes(path("sample.rec"), validFile()));
     char buf[400];
+    const std::string tooLong(1025, 'x');
+    const DWORD kNone = 0xFFFFFFFF;
     const Misuse cases[] = {
-        {"FindNextRec, closed", kClosed, [](Probe& f, const std::string&) { return f.FindNextRec(kAny); }},
-        {"Rewind, closed", kClosed, [](Probe& f, const std::string&) { return f.Rewind(); }},
-        {"ReadRec, closed", kClosed, [&](Probe& f, const std::string&) { return f.ReadRec(buf, 5); }},
-        {"WriteRec, closed", kClosed, [](Probe& f, const std::string&) { return f.WriteRec(1, 1, 1, "x"); }},
-        {"GetRecFilePointer, closed", kClosed,
-         [](Probe& f, const std::string&) { return pointerResult(f.GetRecFilePointer()); }},
-        {"Create without description", kClosed,
-         [](Probe& f, const std::string& p) { return f.Create(p.c_str(), 1, 1, nullptr); }},
-        {"Create with 1025 characters", kClosed,
-         [](Probe& f, const std::string& p) { return f.Create(p.c_str(), 1, 1, std::string(1025, 'x').c_str()); }},
+        MISUSE(kClosed, f.FindNextRec(kAny)),
+        MISUSE(kClosed, f.Rewind()),
+        MISUSE(kClosed, f.ReadRec(buf, 5)),
+        MISUSE(kClosed, f.WriteRec(1, 1, 1, "x")),
+        MISUSE(kClosed, f.GetRecFilePointer() != kNone),
+        MISUSE(kClosed, f.Create(p.c_str(), 1, 1, nullptr)),
+        MISUSE(kClosed, f.Create(p.c_str(), 1, 1, tooLong.c_str())),
 
-        {"ReadRecBegin at a boundary", kReadAtBoundary,
-         [](Probe& f, const std::string&) { return f.ReadRecBegin(nullptr); }},
-        {"ReadRecData at a boundary", kReadAtBoundary,
-         [&](Probe& f, const std::string&) { return f.ReadRecData(buf, 1); }},
-        {"ReadRecEnd at a boundary", kReadAtBoundary, [](Probe& f, const std::string&) { return f.ReadRecEnd(); }},
-        {"WriteRecBegin while reading", kReadAtBoundary,
-         [](Probe& f, const std::string&) { return f.WriteRecBegin(1, 1); }},
-        {"WriteRec while reading", kReadAtBoundary,
-         [](Probe& f, const std::string&) { return f.WriteRec(1, 1, 1, "x"); }},
-        {"GetRecFilePointer while reading", kReadAtBoundary,
-         [](Probe& f, const std::string&) { return pointerResult(f.GetRecFilePointer()); }},
-        {"SeekToRecord(0xFFFFFFFF)", kReadAtBoundary,
-         [](Probe& f, const std::string&) { return f.SeekToRecord(0xFFFFFFFF); }},
-        {"Open while open", kReadAtBoundary,
-         [](Probe& f, const std::string& p) { return f.Open(p.c_str(), kAny, FALSE); }},
-        {"Create while open", kReadAtBoundary,
-         [](Probe& f, const std::string& p) { return f.Create(p.c_str(), 1, 1, "x"); }},
+        MISUSE(kReadAtBoundary, f.ReadRecBegin(nullptr)),
+        MISUSE(kReadAtBoundary, f.ReadRecData(buf, 1)),
+        MISUSE(kReadAtBoundary, f.ReadRecEnd()),
+        MISUSE(kReadAtBoundary, f.WriteRecBegin(1, 1)),
+        MISUSE(kReadAtBoundary, f.WriteRec(1, 1, 1, "x")),
+        MISUSE(kReadAtBoundary, f.GetRecFilePointer() != kNone),
+        MISUSE(kReadAtBoundary, f.SeekToRecord(0xFFFFFFFF)),
+        MISUSE(kReadAtBoundary, f.Open(p.c_str(), kAny, FALSE)),
+        MISUSE(kReadAtBoundary, f.Create(p.c_str(), 1, 1, "x")),
 
-        {"ReadRecEnd before the data", kReadHeader, [](Probe& f, const std::string&) { return f.ReadRecEnd(); }},
-        {"ReadRec one byte short", kReadHeader, [&](Probe& f, const std::string&) { return f.ReadRec(buf, 4); }},
-        {"ReadRec one byte over", kReadHeader, [&](Probe& f, const std::string&) { return f.ReadRec(buf, 6); }},
-        {"ReadRecData past the data", kReadHeader,
-         [&](Probe& f, const std::string&) { return f.ReadRecData(buf, 6); }},
-        {"ReadRecData into NULL", kReadHeader,
-         [](Probe& f, const std::string&) { return f.ReadRecData(nullptr, 1); }},
-        {"WriteRecData while reading", kReadHeader,
-         [](Probe& f, const std::string&) { return f.WriteRecData("x", 1); }},
+        MISUSE(kReadHeader, f.ReadRecEnd()),
+        MISUSE(kReadHeader, f.ReadRec(buf, 4)),  // one byte short
+        MISUSE(kReadHeader, f.ReadRec(buf, 6)),  // one byte over
+        MISUSE(kReadHeader, f.ReadRecData(buf, 6)),
+        MISUSE(kReadHeader, f.ReadRecData(nullptr, 1)),
+        MISUSE(kReadHeader, f.WriteRecData("x", 1)),
 
-        {"ReadRecBegin with data partly read", kReadPartly,
-         [](Probe& f, const std::string&) { return f.ReadRecBegin(nullptr); }},
-        {"ReadRecEnd with data partly read", kReadPartly, [](Probe& f, const std::string&) { return f.ReadRecEnd(); }},
-        {"ReadRecData past the data, partly read", kReadPartly,
-         [&](Probe& f, const std::string&) { return f.ReadRecData(buf, 4); }},
+        MISUSE(kReadPartly, f.ReadRecBegin(nullptr)),
+        MISUSE(kReadPartly, f.ReadRecEnd()),
+        MISUSE(kReadPartly, f.ReadRecData(buf, 4)),
 
-        {"ReadRecData after all data", kReadComplete,
-         [&](Probe& f, const std::string&) { return f.ReadRecData(buf, 1); }},
-        {"ReadRecBegin after all data", kReadComplete,
-         [](Probe& f, const std::string&) { return f.ReadRecBegin(nullptr); }},
+        MISUSE(kReadComplete, f.ReadRecData(buf, 1)),
+        MISUSE(kReadComplete, f.ReadRecBegin(nullptr)),
 
-        {"FindNextRec while writing", kWriteAtBoundary,
-         [](Probe& f, const std::string&) { return f.FindNextRec(kAny); }},
-        {"Rewind while writing", kWriteAtBoundary, [](Probe& f, const std::string&) { return f.Rewind(); }},
-        {"SeekToRecord while writing", kWriteAtBoundary,
-         [](Probe& f, const std::string&) { return f.SeekToRecord(4); }},
-        {"ReadRec while writing", kWriteAtBoundary, [&](Probe& f, const std::string&) { return f.ReadRec(buf, 1); }},
-        {"WriteRecData without a record", kWriteAtBoundary,
-         [](Probe& f, const std::string&) { return f.WriteRecData("x", 1); }},
-        {"WriteRecEnd without a record", kWriteAtBoundary,
-         [](Probe& f, const std::string&) { return f.WriteRecEnd(); }},
-        {"Create while writing", kWriteAtBoundary,
-         [](Probe& f, const std::string& p) { return f.Create(p.c_str(), 1, 1, "x"); }},
+        MISUSE(kWriteAtBoundary, f.FindNextRec(kAny)),
+        MISUSE(kWriteAtBoundary, f.Rewind()),
+        MISUSE(kWriteAtBoundary, f.SeekToRecord(4)),
+        MISUSE(kWriteAtBoundary, f.ReadRec(buf, 1)),
+        MISUSE(kWriteAtBoundary, f.WriteRecData("x", 1)),
+        MISUSE(kWriteAtBoundary, f.WriteRecEnd()),
+        MISUSE(kWriteAtBoundary, f.Create(p.c_str(), 1, 1, "x")),
 
-        {"WriteRecBegin inside a record", kWriteHeader,
-         [](Probe& f, const std::string&) { return f.WriteRecBegin(1, 1); }},
-        {"GetRecFilePointer inside a record", kWriteHeader,
-         [](Probe& f, const std::string&) { return pointerResult(f.GetRecFilePointer()); }},
-        {"WriteRecData from NULL", kWriteHeader,
-         [](Probe& f, const std::string&) { return f.WriteRecData(nullptr, 3); }},
+        MISUSE(kWriteHeader, f.WriteRecBegin(1, 1)),
+        MISUSE(kWriteHeader, f.GetRecFilePointer() != kNone),
+        MISUSE(kWriteHeader, f.WriteRecData(nullptr, 3)),
     };
 
     for (const Misuse& c : cases) {
-        SCOPED_TRACE(c.what);
+        SCOPED_TRACE(std::string(c.call) + " in setup " + std::to_string(c.setup));
         std::string file = path("sample.rec");
         Probe rec(FALSE);
         switch (c.setup) {
@@ -186,7 +163,7 @@ TEST_F(RecFileFailureTest, EveryCallInTheWrongStateFailsWithInvalidFunctionAndCl
         }
         int mode = rec.mode();
         SetLastError(0xdeadbeef);
-        EXPECT_FALSE(c.call(rec, path("other.rec")));
+        EXPECT_FALSE(c.run(rec, path("other.rec")));
         EXPECT_EQ(ERROR_INVALID_FUNCTION, GetLastError());
         EXPECT_FALSE(rec.hasFile());
         EXPECT_EQ(0, rec.state());

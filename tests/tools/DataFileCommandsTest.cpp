@@ -1,7 +1,6 @@
 // tqm crc32, tqm crc16 and tqm rec, run as a user runs them.
 #include "datafiles/Crc.h"
-#include "datafiles/logic/RecordChecksum.h"
-#include "datafiles/logic/RecordHeader.h"
+#include "datafiles/RecFileSamples.h"
 #include "support/ChildProcess.h"
 #include "support/FileUtil.h"
 #include "support/FixtureFiles.h"
@@ -166,15 +165,8 @@ TEST_F(DataFileCommandsTest, VerifyNamesTheFirstDamage)
 
 TEST_F(DataFileCommandsTest, ListsAnOldFile)
 {
-    std::string text = std::string("1\n2\n01/02/1999 03:04:05\nOld one\n") + '\0';
-    std::string bytes = std::string(tqm::kLegacyFileLine) + '\0';
-    for (const auto& rec : {std::make_pair(0u, text), std::make_pair(3u, std::string("data"))}) {
-        uint8_t header[tqm::kRecordHeaderSize];
-        tqm::EncodeRecordHeader({tqm::kRecordMagic, rec.first, 1, uint32_t(rec.second.size()),
-                                 tqm::RecordChecksum(1, rec.second.data(), rec.second.size())},
-                                header);
-        bytes += std::string(reinterpret_cast<const char*>(header), sizeof(header)) + rec.second;
-    }
+    std::string bytes =
+        rectest::RawFile(1, "1\n2\n01/02/1999 03:04:05\nOld one\n", {{3, 1, "data"}}, rectest::LegacyHead(false));
     std::string file = dir.file("old.rec");
     ASSERT_TRUE(tqmtest::WriteBytes(file, bytes));
     TqmRun r = runTqm({"rec", "list", file});

@@ -198,7 +198,7 @@ int runList(const std::string& name, const std::string& path)
         printf("%10lu %10lu %10lu %10lu  %s%s\n", static_cast<unsigned long>(info.offset),
                static_cast<unsigned long>(h.dwRecType), static_cast<unsigned long>(h.dwRecParam),
                static_cast<unsigned long>(h.dwDataLength), bOk ? "ok" : "BAD",
-               h.dwRecType == 0 && h.dwRecParam == 1 ? "  (descriptor)" : "");
+               info.descriptor ? "  (descriptor)" : "");
     };
     return conclude(WalkRecordFile(path, visitor), name);
 }

@@ -95,7 +95,7 @@ WalkResult WalkRecordFile(const std::string& path, const RecFileVisitor& visitor
                 return failure(next, dwError, result);
             break;
         }
-        RecordInfo info{next, *file.GetRecHdr()};
+        RecordInfo info{next, next == file.firstRecordOffset(), *file.GetRecHdr()};
         next += kHeaderSize + info.header.dwDataLength;
         if (visitor.onRecord)
             visitor.onRecord(info);

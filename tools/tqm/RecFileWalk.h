@@ -21,7 +21,8 @@ public:
 
 struct RecordInfo
 {
-    DWORD offset;  // of the record's header
+    DWORD offset;     // of the record's header
+    bool descriptor;  // the file's first record, which describes it
     CRecFile::tagRECHDR header;
 };
 
