@@ -49,12 +49,10 @@ TEST(ResourceStrings, MissingStringEndsTheProcess)
         printf("fSString returned\n");
         return;
     }
-    tqmtest::ProcessResult child =
-        tqmtest::RunSelfAsChild("ResourceStrings.MissingStringEndsTheProcess", "missing-string", 60000);
-    ASSERT_TRUE(child.finished);
-    EXPECT_EQ(0x40000015u, child.exitCode);
-    EXPECT_NE(std::string::npos, child.output.find("Fatal error ID#4242")) << child.output;
-    EXPECT_EQ(std::string::npos, child.output.find("fSString returned"));
+    tqmtest::ProgramRun child = tqmtest::RunSelfAsChild("ResourceStrings.MissingStringEndsTheProcess", "missing-string");
+    EXPECT_EQ(0x40000015, child.exitCode);
+    EXPECT_NE(std::string::npos, child.err.find("Fatal error ID#4242")) << child.err;
+    EXPECT_EQ(std::string::npos, child.out.find("fSString returned"));
 }
 
 }  // namespace

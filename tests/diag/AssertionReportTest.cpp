@@ -167,11 +167,9 @@ TEST(AssertionReportAbort, AbortEndsTheProcessAtOnce)
         fflush(stdout);
         ExitProcess(0);
     }
-    tqmtest::ProcessResult child =
-        tqmtest::RunSelfAsChild("AssertionReportAbort.AbortEndsTheProcessAtOnce", "abort", 60000);
-    ASSERT_TRUE(child.finished);
-    EXPECT_EQ(3u, child.exitCode);
-    EXPECT_EQ(std::string::npos, child.output.find("the assertion returned")) << child.output;
+    tqmtest::ProgramRun child = tqmtest::RunSelfAsChild("AssertionReportAbort.AbortEndsTheProcessAtOnce", "abort");
+    EXPECT_EQ(3, child.exitCode);
+    EXPECT_EQ(std::string::npos, child.out.find("the assertion returned")) << child.out;
 }
 
 // A library file names itself for its reports after its includes.

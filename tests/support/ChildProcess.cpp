@@ -1,86 +1,171 @@
 #include "support/ChildProcess.h"
 
-#include "support/FileUtil.h"
-#include "support/TempDir.h"
-
 #include "framework/Handles.h"
+
+#include <windows.h>
 
 #include <string.h>
 
+#include <thread>
 #include <vector>
 
 namespace tqmtest {
 namespace {
-const char kChildFlag[] = "--tqm-child=";
+
+// A pipe whose child end is inheritable and whose parent end is not.
+struct Pipe
+{
+    tqm::UniqueHandle parentEnd;
+    tqm::UniqueHandle childEnd;
+};
+
+bool makePipe(Pipe& pipe, bool childReads)
+{
+    SECURITY_ATTRIBUTES inherit = {sizeof(inherit), nullptr, TRUE};
+    HANDLE hRead = nullptr;
+    HANDLE hWrite = nullptr;
+    if (!CreatePipe(&hRead, &hWrite, &inherit, 0))
+        return false;
+    pipe.parentEnd.reset(childReads ? hWrite : hRead);
+    pipe.childEnd.reset(childReads ? hRead : hWrite);
+    return SetHandleInformation(pipe.parentEnd.get(), HANDLE_FLAG_INHERIT, 0) != FALSE;
 }
 
-ChildProcess::~ChildProcess()
+void drain(HANDLE hRead, std::string& text)
+{
+    char buffer[4096];
+    DWORD got = 0;
+    while (ReadFile(hRead, buffer, sizeof(buffer), &got, nullptr) && got > 0)
+        text.append(buffer, got);
+}
+
+}  // namespace
+
+ProgramRun RunProgram(const std::string& commandLine, const std::string& input, unsigned timeoutMs)
+{
+    ProgramRun run{-1, std::string(), std::string()};
+    Pipe in, out, err;
+    if (!makePipe(in, true) || !makePipe(out, false) || !makePipe(err, false))
+        return run;
+
+    STARTUPINFOA startup = {};
+    startup.cb = sizeof(startup);
+    startup.dwFlags = STARTF_USESTDHANDLES;
+    startup.hStdInput = in.childEnd.get();
+    startup.hStdOutput = out.childEnd.get();
+    startup.hStdError = err.childEnd.get();
+    PROCESS_INFORMATION process = {};
+    std::vector<char> line(commandLine.begin(), commandLine.end());
+    line.push_back('\0');
+    const BOOL started = CreateProcessA(nullptr, line.data(), nullptr, nullptr, TRUE, CREATE_NO_WINDOW, nullptr,
+                                        nullptr, &startup, &process);
+    // Only the child holds its ends now, so the pipes end when it does.
+    in.childEnd.reset();
+    out.childEnd.reset();
+    err.childEnd.reset();
+    if (!started)
+        return run;
+    tqm::UniqueHandle hProcess(process.hProcess);
+    tqm::UniqueHandle hThread(process.hThread);
+
+    // Both streams are read while the child runs, so that it never waits on
+    // a full pipe; the input is written beside them.
+    std::thread outReader(drain, out.parentEnd.get(), std::ref(run.out));
+    std::thread errReader(drain, err.parentEnd.get(), std::ref(run.err));
+    std::thread writer([&] {
+        DWORD written = 0;
+        if (!input.empty())
+            WriteFile(in.parentEnd.get(), input.data(), static_cast<DWORD>(input.size()), &written, nullptr);
+        in.parentEnd.reset();
+    });
+
+    if (WaitForSingleObject(hProcess.get(), timeoutMs) != WAIT_OBJECT_0) {
+        TerminateProcess(hProcess.get(), 1);
+        WaitForSingleObject(hProcess.get(), INFINITE);
+    } else {
+        DWORD code = 0;
+        GetExitCodeProcess(hProcess.get(), &code);
+        run.exitCode = static_cast<int>(code);
+    }
+    writer.join();
+    outReader.join();
+    errReader.join();
+    return run;
+}
+
+std::string QuoteArgument(const std::string& argument)
+{
+    if (!argument.empty() && argument.find_first_of(" \t\"") == std::string::npos)
+        return argument;
+    std::string quoted = "\"";
+    size_t backslashes = 0;
+    for (char ch : argument) {
+        if (ch == '\\') {
+            ++backslashes;
+            continue;
+        }
+        if (ch == '"')
+            quoted.append(backslashes * 2 + 1, '\\');
+        else
+            quoted.append(backslashes, '\\');
+        backslashes = 0;
+        quoted += ch;
+    }
+    quoted.append(backslashes * 2, '\\');
+    quoted += '"';
+    return quoted;
+}
+
+RunningProgram::~RunningProgram()
 {
     kill();
-    if (m_process)
-        CloseHandle(m_process);
+    if (m_hProcess)
+        CloseHandle(m_hProcess);
 }
 
-bool ChildProcess::start(const std::string& commandLine, const std::string& outputPath)
+bool RunningProgram::start(const std::string& commandLine, const std::string& outputPath)
 {
     SECURITY_ATTRIBUTES inherit = {sizeof(inherit), nullptr, TRUE};
     tqm::UniqueFile output(CreateFileA(outputPath.c_str(), FILE_APPEND_DATA, FILE_SHARE_READ | FILE_SHARE_WRITE,
                                        &inherit, OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
     if (!output)
         return false;
-    STARTUPINFOA si = {};
-    si.cb = sizeof(si);
-    si.dwFlags = STARTF_USESTDHANDLES;
-    si.hStdInput = GetStdHandle(STD_INPUT_HANDLE);
-    si.hStdOutput = output.get();
-    si.hStdError = output.get();
-    PROCESS_INFORMATION pi = {};
+    STARTUPINFOA startup = {};
+    startup.cb = sizeof(startup);
+    startup.dwFlags = STARTF_USESTDHANDLES;
+    startup.hStdInput = GetStdHandle(STD_INPUT_HANDLE);
+    startup.hStdOutput = output.get();
+    startup.hStdError = output.get();
+    PROCESS_INFORMATION process = {};
     std::vector<char> line(commandLine.begin(), commandLine.end());
     line.push_back('\0');
-    if (!CreateProcessA(nullptr, line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &si, &pi))
+    if (!CreateProcessA(nullptr, line.data(), nullptr, nullptr, TRUE, CREATE_NO_WINDOW, nullptr, nullptr, &startup,
+                        &process))
         return false;
-    CloseHandle(pi.hThread);
-    m_process = pi.hProcess;
-    m_id = pi.dwProcessId;
+    CloseHandle(process.hThread);
+    m_hProcess = process.hProcess;
     return true;
 }
 
-bool ChildProcess::wait(DWORD timeoutMs)
+bool RunningProgram::wait(unsigned timeoutMs)
 {
-    return m_process && WaitForSingleObject(m_process, timeoutMs) == WAIT_OBJECT_0;
+    return m_hProcess && WaitForSingleObject(m_hProcess, timeoutMs) == WAIT_OBJECT_0;
 }
 
-DWORD ChildProcess::exitCode() const
+DWORD RunningProgram::exitCode() const
 {
     DWORD code = STILL_ACTIVE;
-    if (m_process)
-        GetExitCodeProcess(m_process, &code);
+    if (m_hProcess)
+        GetExitCodeProcess(m_hProcess, &code);
     return code;
 }
 
-void ChildProcess::kill()
+void RunningProgram::kill()
 {
-    if (m_process && WaitForSingleObject(m_process, 0) == WAIT_TIMEOUT) {
-        TerminateProcess(m_process, 999);
-        WaitForSingleObject(m_process, 5000);
+    if (m_hProcess && WaitForSingleObject(m_hProcess, 0) == WAIT_TIMEOUT) {
+        TerminateProcess(m_hProcess, 1);
+        WaitForSingleObject(m_hProcess, 5000);
     }
-}
-
-ProcessResult RunProcess(const std::string& commandLine, DWORD timeoutMs)
-{
-    TempDir dir;
-    std::string outputPath = dir.file("output.txt");
-    ProcessResult result;
-    {
-        ChildProcess child;
-        if (!child.start(commandLine, outputPath))
-            return result;
-        result.finished = child.wait(timeoutMs);
-        child.kill();
-        result.exitCode = child.exitCode();
-    }
-    result.output = ReadBytes(outputPath);
-    return result;
 }
 
 std::string ProgramFolder()
@@ -93,12 +178,16 @@ std::string ProgramFolder()
     return path;
 }
 
-ProcessResult RunSelfAsChild(const char* testName, const char* mode, DWORD timeoutMs)
+namespace {
+const char kChildFlag[] = "--tqm-child=";
+}
+
+ProgramRun RunSelfAsChild(const char* testName, const char* mode, unsigned timeoutMs)
 {
     char path[MAX_PATH] = "";
     GetModuleFileNameA(nullptr, path, MAX_PATH);
-    std::string commandLine = std::string("\"") + path + "\" --gtest_filter=" + testName + " " + kChildFlag + mode;
-    return RunProcess(commandLine, timeoutMs);
+    return RunProgram(QuoteArgument(path) + " --gtest_filter=" + testName + " " + kChildFlag + mode, std::string(),
+                      timeoutMs);
 }
 
 std::string ChildMode()

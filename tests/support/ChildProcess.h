@@ -1,7 +1,8 @@
-// ChildProcess - starts a program for a test, with its output in a file, and
-// makes sure it is gone when the test ends. RunSelfAsChild runs one test of
-// the current program in a child process (for behaviour that ends the
-// process, such as an Abort), which tells itself apart by ChildMode().
+// RunProgram - starts a program as a child process and collects what it
+// printed and its exit code, for tests of the command-line tool and of
+// programs that report on themselves. RunningProgram keeps one running
+// beside the test (a trace viewer, say). RunSelfAsChild runs one test of the
+// current program in a child process, for behaviour that ends the process.
 #pragma once
 
 #include <windows.h>
@@ -10,45 +11,49 @@
 
 namespace tqmtest {
 
-class ChildProcess
+struct ProgramRun
+{
+    int exitCode;     // -1 when the program could not start or was stopped
+    std::string out;  // standard output, as written (line ends included)
+    std::string err;  // standard error
+};
+
+// Runs commandLine (program path first, quoted where needed) with the given
+// standard input; a program still running after timeoutMs is stopped.
+ProgramRun RunProgram(const std::string& commandLine, const std::string& input = std::string(),
+                      unsigned timeoutMs = 60000);
+
+// The argument quoted for a command line where it holds blanks or quotes.
+std::string QuoteArgument(const std::string& argument);
+
+// A program that runs beside the test, its stdout and stderr appended to a
+// file; killed when the object goes if it still runs.
+class RunningProgram
 {
 public:
-    ChildProcess() = default;
-    ~ChildProcess();  // kills the process if it still runs
-    ChildProcess(const ChildProcess&) = delete;
-    ChildProcess& operator=(const ChildProcess&) = delete;
+    RunningProgram() = default;
+    ~RunningProgram();
+    RunningProgram(const RunningProgram&) = delete;
+    RunningProgram& operator=(const RunningProgram&) = delete;
 
-    // Starts commandLine with stdout and stderr appended to outputPath.
     bool start(const std::string& commandLine, const std::string& outputPath);
-    // True when the process ended within timeoutMs.
-    bool wait(DWORD timeoutMs);
+    // True when the program ended within timeoutMs.
+    bool wait(unsigned timeoutMs);
     // The exit code; STILL_ACTIVE while it runs.
     DWORD exitCode() const;
-    DWORD id() const { return m_id; }
     void kill();
 
 private:
-    HANDLE m_process = nullptr;
-    DWORD m_id = 0;
+    HANDLE m_hProcess = nullptr;
 };
-
-struct ProcessResult
-{
-    bool finished = false;      // ended within the time-out (else it was killed)
-    DWORD exitCode = 0;
-    std::string output;         // stdout and stderr together
-};
-
-// Runs commandLine to its end (killing it after timeoutMs).
-ProcessResult RunProcess(const std::string& commandLine, DWORD timeoutMs);
 
 // The folder of the running test program (where tqm.exe and the DLL are).
 std::string ProgramFolder();
 
 // Runs the test "Suite.Name" of this program in a child process started in
-// mode; the child's ChildMode() returns mode.
-ProcessResult RunSelfAsChild(const char* testName, const char* mode, DWORD timeoutMs);
-// The mode this program was started in by RunSelfAsChild, or "" in the parent.
+// mode, whose ChildMode() then returns mode.
+ProgramRun RunSelfAsChild(const char* testName, const char* mode, unsigned timeoutMs = 60000);
+// The mode RunSelfAsChild started this program in, or "" in the parent.
 std::string ChildMode();
 
 }  // namespace tqmtest

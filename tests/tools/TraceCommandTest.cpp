@@ -18,8 +18,7 @@
 
 namespace {
 
-using tqmtest::ChildProcess;
-using tqmtest::ProcessResult;
+using tqmtest::ProgramRun;
 
 const DWORD kTimeoutMs = 30000;
 
@@ -56,7 +55,7 @@ public:
         return false;
     }
     HWND window() const { return m_window; }
-    ChildProcess& process() { return m_process; }
+    tqmtest::RunningProgram& process() { return m_process; }
     std::string output() const { return tqmtest::ReadBytes(m_dir.file("viewer.txt")); }
 
     // The message lines printed so far (the viewer's own notes on stderr left out).
@@ -77,7 +76,7 @@ public:
 
 private:
     tqmtest::TempDir m_dir;
-    ChildProcess m_process;
+    tqmtest::RunningProgram m_process;
     HWND m_window = nullptr;
 };
 
@@ -130,7 +129,7 @@ TEST_F(TraceCommand, ViewerPrintsWhatOtherProcessesSendInOrder)
 
     tqmtest::BoxRecorder boxes(IDIGNORE);
     DWORD workerId = 0;
-    ProcessResult fromTqm;
+    ProgramRun fromTqm;
     std::vector<bool> sent;
     bool inTime = runWithViewerWatchdog(viewer, [&] {
         workerId = GetCurrentThreadId();
@@ -139,13 +138,13 @@ TEST_F(TraceCommand, ViewerPrintsWhatOtherProcessesSendInOrder)
         const BYTE bytes[17] = {'T', 'Q', 'M', 0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 0xFF};
         sent.push_back(TarnHexDump(bytes, sizeof(bytes)));
         sent.push_back(TarnDebug("TARN_ASSERT", "pData != NULL", "C:\\src\\datafiles\\RecFile.cpp", 955));
-        fromTqm = tqmtest::RunProcess(tqm("trace --send --warning \"from tqm\""), kTimeoutMs);
+        fromTqm = tqmtest::RunProgram(tqm("trace --send --warning \"from tqm\""), std::string(), kTimeoutMs);
         sent.push_back(TarnVerbose(TARN_VERBOSE_NO_THREAD, "last"));
     });
     DestroyWindow(main);
     ASSERT_TRUE(inTime) << "a send did not return; the viewer was killed";
     EXPECT_EQ(std::vector<bool>(5, true), sent);
-    EXPECT_EQ(0u, fromTqm.exitCode) << fromTqm.output;
+    EXPECT_EQ(0, fromTqm.exitCode) << fromTqm.err;
     EXPECT_EQ(1u, boxes.count());
 
     PostMessageA(viewer.window(), WM_CLOSE, 0, 0);
@@ -183,14 +182,14 @@ TEST_F(TraceCommand, OnlyOneViewerRunsAndCountEndsIt)
     ViewerProcess viewer;
     ASSERT_TRUE(viewer.start("--count 2")) << viewer.output();
 
-    ProcessResult second = tqmtest::RunProcess(tqm("trace"), kTimeoutMs);
-    EXPECT_EQ(1u, second.exitCode);
-    EXPECT_NE(std::string::npos, second.output.find("already running")) << second.output;
+    ProgramRun second = tqmtest::RunProgram(tqm("trace"), std::string(), kTimeoutMs);
+    EXPECT_EQ(1, second.exitCode);
+    EXPECT_NE(std::string::npos, second.err.find("already running")) << second.err;
 
-    ProcessResult a = tqmtest::RunProcess(tqm("trace --send a"), kTimeoutMs);
-    ProcessResult b = tqmtest::RunProcess(tqm("trace --send --error b"), kTimeoutMs);
-    EXPECT_EQ(0u, a.exitCode);
-    EXPECT_EQ(0u, b.exitCode);
+    ProgramRun a = tqmtest::RunProgram(tqm("trace --send a"), std::string(), kTimeoutMs);
+    ProgramRun b = tqmtest::RunProgram(tqm("trace --send --error b"), std::string(), kTimeoutMs);
+    EXPECT_EQ(0, a.exitCode);
+    EXPECT_EQ(0, b.exitCode);
     ASSERT_TRUE(viewer.process().wait(kTimeoutMs)) << "--count 2 did not end the viewer";
     EXPECT_EQ(0u, viewer.process().exitCode());
     std::vector<ViewerLine> lines = viewer.lines();
@@ -201,14 +200,14 @@ TEST_F(TraceCommand, OnlyOneViewerRunsAndCountEndsIt)
 
 TEST_F(TraceCommand, SendWithoutViewerAndUsageErrors)
 {
-    ProcessResult alone = tqmtest::RunProcess(tqm("trace --send hello"), kTimeoutMs);
-    EXPECT_EQ(1u, alone.exitCode);
-    EXPECT_NE(std::string::npos, alone.output.find("no trace viewer is running")) << alone.output;
+    ProgramRun alone = tqmtest::RunProgram(tqm("trace --send hello"), std::string(), kTimeoutMs);
+    EXPECT_EQ(1, alone.exitCode);
+    EXPECT_NE(std::string::npos, alone.err.find("no trace viewer is running")) << alone.err;
 
     for (const char* args : {"trace --send", "trace --count 0", "trace --count", "trace text", "trace --bogus",
                              "trace --send a b", "trace --error"}) {
-        ProcessResult usage = tqmtest::RunProcess(tqm(args), kTimeoutMs);
-        EXPECT_EQ(2u, usage.exitCode) << args << ": " << usage.output;
+        ProgramRun usage = tqmtest::RunProgram(tqm(args), std::string(), kTimeoutMs);
+        EXPECT_EQ(2, usage.exitCode) << args << ": " << usage.err;
     }
 }
 
