@@ -15,17 +15,16 @@ namespace {
 
 const int kBoxTextCapacity = 1024;
 using BoxText = tqm::FixedText<kBoxTextCapacity>;
-using FormatText = tqm::FixedText<kBoxTextCapacity>;
 
-// Loads a format from the program's resources. A missing string gives the
-// empty format: the program's own resources are its business, and the box or
-// line still shows that something was reported.
-void loadProgramFormat(UINT nID, FormatText& format)
+// A format from the program's resources, at most this long.
+struct ProgramFormat
 {
-    char buf[FormatText::kCapacity + 1] = "";
-    ::LoadStringA(AfxGetResourceHandle(), nID, buf, sizeof(buf));
-    format.append(buf);
-}
+    // A missing string gives the empty format: the program's resources are
+    // its own business, and the box or line still shows that something was
+    // reported.
+    explicit ProgramFormat(UINT nID) { ::LoadStringA(AfxGetResourceHandle(), nID, text, sizeof(text)); }
+    char text[kBoxTextCapacity + 1] = "";
+};
 
 void showFormatted(const char* format, va_list args)
 {
@@ -45,8 +44,8 @@ bool sendVerbose(int nFlags, const char* format, va_list args, bool addLineFeed)
     tqm::ReportText line;
     tqm::AppendVerbosePrefix(line, nFlags, ::GetCurrentThreadId());
     line.appendFormatV(format, args);
-    // Only the format-string form adds the line feed; the string-id form has
-    // never done so, and callers that build lines from pieces rely on it.
+    // Only the format-string form adds the line feed; the string-id form never
+    // does. Deliberate: the two forms have always differed here.
     if (addLineFeed && (line.length() == 0 || line.c_str()[line.length() - 1] != '\n') &&
         line.length() + 1 < tqm::kReportCapacity)
         line.append("\n");
@@ -67,11 +66,10 @@ void __cdecl TarnMessageBox(const char* pszFormat, ...)
 
 void __cdecl TarnMessageBox(UINT nFormatID, ...)
 {
-    FormatText format;
-    loadProgramFormat(nFormatID, format);
+    ProgramFormat format(nFormatID);
     va_list args;
     va_start(args, nFormatID);
-    showFormatted(format.c_str(), args);
+    showFormatted(format.text, args);
     va_end(args);
 }
 
@@ -86,11 +84,10 @@ bool __cdecl TarnVerbose(int nFlags, const char* pszFormat, ...)
 
 bool __cdecl TarnVerbose(int nFlags, UINT nFormatID, ...)
 {
-    FormatText format;
-    loadProgramFormat(nFormatID, format);
+    ProgramFormat format(nFormatID);
     va_list args;
     va_start(args, nFormatID);
-    bool sent = sendVerbose(nFlags, format.c_str(), args, false);
+    bool sent = sendVerbose(nFlags, format.text, args, false);
     va_end(args);
     return sent;
 }
