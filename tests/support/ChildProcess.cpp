@@ -1,97 +1,202 @@
 #include "support/ChildProcess.h"
 
 #include "framework/Handles.h"
-#include "support/FileUtil.h"
-#include "support/TempDir.h"
 
 #include <windows.h>
+
+#include <string.h>
+
+#include <thread>
+#include <vector>
 
 namespace tqmtest {
 namespace {
 
-// One argument as CommandLineToArgvW and the C runtime read it back.
-std::string quoted(const std::string& arg)
+// A pipe whose child end is inheritable and whose parent end is not.
+struct Pipe
 {
-    if (!arg.empty() && arg.find_first_of(" \t\n\v\"") == std::string::npos)
-        return arg;
-    std::string out = "\"";
-    size_t backslashes = 0;
-    for (char c : arg) {
-        if (c == '\\') {
-            ++backslashes;
-            continue;
-        }
-        out.append(c == '"' ? backslashes * 2 + 1 : backslashes, '\\');
-        backslashes = 0;
-        out += c;
-    }
-    out.append(backslashes * 2, '\\');
-    return out + "\"";
+    tqm::UniqueHandle parentEnd;
+    tqm::UniqueHandle childEnd;
+};
+
+bool makePipe(Pipe& pipe, bool childReads)
+{
+    SECURITY_ATTRIBUTES inherit = {sizeof(inherit), nullptr, TRUE};
+    HANDLE hRead = nullptr;
+    HANDLE hWrite = nullptr;
+    if (!CreatePipe(&hRead, &hWrite, &inherit, 0))
+        return false;
+    pipe.parentEnd.reset(childReads ? hWrite : hRead);
+    pipe.childEnd.reset(childReads ? hRead : hWrite);
+    return SetHandleInformation(pipe.parentEnd.get(), HANDLE_FLAG_INHERIT, 0) != FALSE;
 }
 
-std::string withoutCr(const std::string& text)
+void drain(HANDLE hRead, std::string& text)
 {
-    std::string out;
-    for (size_t i = 0; i < text.size(); ++i) {
-        if (!(text[i] == '\r' && i + 1 < text.size() && text[i + 1] == '\n'))
-            out += text[i];
-    }
-    return out;
-}
-
-tqm::UniqueFile openInheritable(const std::string& path, DWORD access, DWORD disposition)
-{
-    SECURITY_ATTRIBUTES sa = {sizeof(sa), nullptr, TRUE};
-    return tqm::UniqueFile(CreateFileA(path.c_str(), access, FILE_SHARE_READ | FILE_SHARE_WRITE, &sa, disposition,
-                                       FILE_ATTRIBUTE_NORMAL, nullptr));
+    char buffer[4096];
+    DWORD got = 0;
+    while (ReadFile(hRead, buffer, sizeof(buffer), &got, nullptr) && got > 0)
+        text.append(buffer, got);
 }
 
 }  // namespace
 
-ProgramResult RunProgram(const std::string& program, const std::vector<std::string>& args, const std::string& input)
+ProgramRun RunProgram(const std::string& commandLine, const std::string& input, unsigned timeoutMs)
 {
-    ProgramResult result;
-    // Files rather than pipes: nothing can block however much the child writes.
-    TempDir dir;
-    WriteBytes(dir.file("in"), input);
-    {
-        tqm::UniqueFile in = openInheritable(dir.file("in"), GENERIC_READ, OPEN_EXISTING);
-        tqm::UniqueFile out = openInheritable(dir.file("out"), GENERIC_WRITE, CREATE_ALWAYS);
-        tqm::UniqueFile err = openInheritable(dir.file("err"), GENERIC_WRITE, CREATE_ALWAYS);
-        if (!in || !out || !err)
-            return result;
+    ProgramRun run{-1, std::string(), std::string()};
+    Pipe in, out, err;
+    if (!makePipe(in, true) || !makePipe(out, false) || !makePipe(err, false))
+        return run;
 
-        std::string commandLine = quoted(program);
-        for (const std::string& arg : args)
-            commandLine += " " + quoted(arg);
-        STARTUPINFOA si = {};
-        si.cb = sizeof(si);
-        si.dwFlags = STARTF_USESTDHANDLES;
-        si.hStdInput = in.get();
-        si.hStdOutput = out.get();
-        si.hStdError = err.get();
-        PROCESS_INFORMATION pi = {};
-        if (!CreateProcessA(program.c_str(), &commandLine[0], nullptr, nullptr, TRUE, CREATE_NO_WINDOW, nullptr,
-                            nullptr, &si, &pi))
-            return result;
-        tqm::UniqueHandle process(pi.hProcess);
-        tqm::UniqueHandle thread(pi.hThread);
-        WaitForSingleObject(process.get(), INFINITE);
+    STARTUPINFOA startup = {};
+    startup.cb = sizeof(startup);
+    startup.dwFlags = STARTF_USESTDHANDLES;
+    startup.hStdInput = in.childEnd.get();
+    startup.hStdOutput = out.childEnd.get();
+    startup.hStdError = err.childEnd.get();
+    PROCESS_INFORMATION process = {};
+    std::vector<char> line(commandLine.begin(), commandLine.end());
+    line.push_back('\0');
+    const BOOL started = CreateProcessA(nullptr, line.data(), nullptr, nullptr, TRUE, CREATE_NO_WINDOW, nullptr,
+                                        nullptr, &startup, &process);
+    // Only the child holds its ends now, so the pipes end when it does.
+    in.childEnd.reset();
+    out.childEnd.reset();
+    err.childEnd.reset();
+    if (!started)
+        return run;
+    tqm::UniqueHandle hProcess(process.hProcess);
+    tqm::UniqueHandle hThread(process.hThread);
+
+    // Both streams are read while the child runs, so that it never waits on
+    // a full pipe; the input is written beside them.
+    std::thread outReader(drain, out.parentEnd.get(), std::ref(run.out));
+    std::thread errReader(drain, err.parentEnd.get(), std::ref(run.err));
+    std::thread writer([&] {
+        DWORD written = 0;
+        if (!input.empty())
+            WriteFile(in.parentEnd.get(), input.data(), static_cast<DWORD>(input.size()), &written, nullptr);
+        in.parentEnd.reset();
+    });
+
+    if (WaitForSingleObject(hProcess.get(), timeoutMs) != WAIT_OBJECT_0) {
+        TerminateProcess(hProcess.get(), 1);
+        WaitForSingleObject(hProcess.get(), INFINITE);
+    } else {
         DWORD code = 0;
-        GetExitCodeProcess(process.get(), &code);
-        result.exitCode = static_cast<int>(code);
+        GetExitCodeProcess(hProcess.get(), &code);
+        run.exitCode = static_cast<int>(code);
     }
-    result.out = withoutCr(ReadBytes(dir.file("out")));
-    result.err = withoutCr(ReadBytes(dir.file("err")));
-    return result;
+    writer.join();
+    outReader.join();
+    errReader.join();
+    return run;
+}
+
+std::string QuoteArgument(const std::string& argument)
+{
+    if (!argument.empty() && argument.find_first_of(" \t\"") == std::string::npos)
+        return argument;
+    std::string quoted = "\"";
+    size_t backslashes = 0;
+    for (char ch : argument) {
+        if (ch == '\\') {
+            ++backslashes;
+            continue;
+        }
+        if (ch == '"')
+            quoted.append(backslashes * 2 + 1, '\\');
+        else
+            quoted.append(backslashes, '\\');
+        backslashes = 0;
+        quoted += ch;
+    }
+    quoted.append(backslashes * 2, '\\');
+    quoted += '"';
+    return quoted;
+}
+
+RunningProgram::~RunningProgram()
+{
+    kill();
+    if (m_hProcess)
+        CloseHandle(m_hProcess);
+}
+
+bool RunningProgram::start(const std::string& commandLine, const std::string& outputPath)
+{
+    SECURITY_ATTRIBUTES inherit = {sizeof(inherit), nullptr, TRUE};
+    tqm::UniqueFile output(CreateFileA(outputPath.c_str(), FILE_APPEND_DATA, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                                       &inherit, OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
+    if (!output)
+        return false;
+    STARTUPINFOA startup = {};
+    startup.cb = sizeof(startup);
+    startup.dwFlags = STARTF_USESTDHANDLES;
+    startup.hStdInput = GetStdHandle(STD_INPUT_HANDLE);
+    startup.hStdOutput = output.get();
+    startup.hStdError = output.get();
+    PROCESS_INFORMATION process = {};
+    std::vector<char> line(commandLine.begin(), commandLine.end());
+    line.push_back('\0');
+    if (!CreateProcessA(nullptr, line.data(), nullptr, nullptr, TRUE, CREATE_NO_WINDOW, nullptr, nullptr, &startup,
+                        &process))
+        return false;
+    CloseHandle(process.hThread);
+    m_hProcess = process.hProcess;
+    return true;
+}
+
+bool RunningProgram::wait(unsigned timeoutMs)
+{
+    return m_hProcess && WaitForSingleObject(m_hProcess, timeoutMs) == WAIT_OBJECT_0;
+}
+
+DWORD RunningProgram::exitCode() const
+{
+    DWORD code = STILL_ACTIVE;
+    if (m_hProcess)
+        GetExitCodeProcess(m_hProcess, &code);
+    return code;
+}
+
+void RunningProgram::kill()
+{
+    if (m_hProcess && WaitForSingleObject(m_hProcess, 0) == WAIT_TIMEOUT) {
+        TerminateProcess(m_hProcess, 1);
+        WaitForSingleObject(m_hProcess, 5000);
+    }
 }
 
 std::string ProgramFolder()
 {
     char path[MAX_PATH] = "";
     GetModuleFileNameA(nullptr, path, MAX_PATH);
-    std::string folder = path;
-    return folder.substr(0, folder.find_last_of('\\'));
+    char* slash = strrchr(path, '\\');
+    if (slash)
+        *slash = '\0';
+    return path;
+}
+
+namespace {
+const char kChildFlag[] = "--tqm-child=";
+}
+
+ProgramRun RunSelfAsChild(const char* testName, const char* mode, unsigned timeoutMs)
+{
+    char path[MAX_PATH] = "";
+    GetModuleFileNameA(nullptr, path, MAX_PATH);
+    return RunProgram(QuoteArgument(path) + " --gtest_filter=" + testName + " " + kChildFlag + mode, std::string(),
+                      timeoutMs);
+}
+
+std::string ChildMode()
+{
+    const char* found = strstr(GetCommandLineA(), kChildFlag);
+    if (!found)
+        return std::string();
+    found += strlen(kChildFlag);
+    return std::string(found, strcspn(found, " \t\""));
 }
 
 }  // namespace tqmtest

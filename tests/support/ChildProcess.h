@@ -1,25 +1,59 @@
 // RunProgram - starts a program as a child process and collects what it
-// writes, for tests of the command-line tool.
+// printed and its exit code, for tests of the command-line tool and of
+// programs that report on themselves. RunningProgram keeps one running
+// beside the test (a trace viewer, say). RunSelfAsChild runs one test of the
+// current program in a child process, for behaviour that ends the process.
 #pragma once
 
+#include <windows.h>
+
 #include <string>
-#include <vector>
 
 namespace tqmtest {
 
-struct ProgramResult
+struct ProgramRun
 {
-    int exitCode = -1;   // -1 when the program could not be started
-    std::string out;     // standard output, with CR LF turned into LF
-    std::string err;     // standard error, likewise
+    int exitCode;     // -1 when the program could not start or was stopped
+    std::string out;  // standard output, as written (line ends included)
+    std::string err;  // standard error
 };
 
-// Runs program (a full path) with the arguments, quoted as the C runtime
-// splits them, feeding it input on standard input; waits for it to end.
-ProgramResult RunProgram(const std::string& program, const std::vector<std::string>& args,
-                         const std::string& input = std::string());
+// Runs commandLine (program path first, quoted where needed) with the given
+// standard input; a program still running after timeoutMs is stopped.
+ProgramRun RunProgram(const std::string& commandLine, const std::string& input = std::string(),
+                      unsigned timeoutMs = 60000);
 
-// The folder of the running test program, where the build puts its tools.
+// The argument quoted for a command line where it holds blanks or quotes.
+std::string QuoteArgument(const std::string& argument);
+
+// A program that runs beside the test, its stdout and stderr appended to a
+// file; killed when the object goes if it still runs.
+class RunningProgram
+{
+public:
+    RunningProgram() = default;
+    ~RunningProgram();
+    RunningProgram(const RunningProgram&) = delete;
+    RunningProgram& operator=(const RunningProgram&) = delete;
+
+    bool start(const std::string& commandLine, const std::string& outputPath);
+    // True when the program ended within timeoutMs.
+    bool wait(unsigned timeoutMs);
+    // The exit code; STILL_ACTIVE while it runs.
+    DWORD exitCode() const;
+    void kill();
+
+private:
+    HANDLE m_hProcess = nullptr;
+};
+
+// The folder of the running test program (where tqm.exe and the DLL are).
 std::string ProgramFolder();
+
+// Runs the test "Suite.Name" of this program in a child process started in
+// mode, whose ChildMode() then returns mode.
+ProgramRun RunSelfAsChild(const char* testName, const char* mode, unsigned timeoutMs = 60000);
+// The mode RunSelfAsChild started this program in, or "" in the parent.
+std::string ChildMode();
 
 }  // namespace tqmtest
