@@ -1,6 +1,7 @@
 // CTQMIniFile: reading, the failing line, lookups and edits, writing back.
 #include "config/IniFile.h"
 
+#include "support/ExpectInvalidArg.h"
 #include "support/FileUtil.h"
 #include "support/TempDir.h"
 
@@ -8,12 +9,12 @@
 
 #include <string.h>
 
-#include <functional>
 #include <string>
 #include <vector>
 
 namespace {
 
+using tqmtest::ExpectInvalidArg;
 using tqmtest::ReadBytes;
 using tqmtest::TempDir;
 using tqmtest::WriteBytes;
@@ -28,16 +29,6 @@ public:
     int CurrentSection() const { return m_nCurSection; }
     int CurrentNameLength() const { return m_nCurEntryNameLen; }
 };
-
-void expectInvalidArg(const std::function<void()>& call, const char* what)
-{
-    try {
-        call();
-        ADD_FAILURE() << "no CInvalidArgException: " << what;
-    } catch (CInvalidArgException* e) {
-        e->Delete();
-    }
-}
 
 // Reads bytes as a file; the Read result.
 int readBytes(CTQMIniFile& ini, const TempDir& dir, const std::string& bytes)
@@ -206,15 +197,15 @@ TEST(CTQMIniFile, NegativeIndexesThrowInvalidArg)
 {
     TestIni ini;
     ini.SetEntryValue("A", "x", "1");
-    expectInvalidArg([&] { ini.GetEntryValue(-1, 0); }, "GetEntryValue(-1, 0)");
-    expectInvalidArg([&] { ini.GetEntryValue(0, -1, "d"); }, "GetEntryValue(0, -1, d)");
-    expectInvalidArg([&] { ini.GetEntryValue(-1, "x"); }, "GetEntryValue(-1, name)");
-    expectInvalidArg([&] { ini.GetNumEntries(-1); }, "GetNumEntries(-1)");
-    expectInvalidArg([&] { ini.GetSectionName(-1); }, "GetSectionName(-1)");
-    expectInvalidArg([&] { ini.GetEntryName(0, -1); }, "GetEntryName(0, -1)");
-    expectInvalidArg([&] { ini.GetEntryIndex(-1, "x"); }, "GetEntryIndex(-1, name)");
-    expectInvalidArg([&] { ini.findSection(-1); }, "findSection(-1)");
-    expectInvalidArg([&] { ini.findEntry(-1); }, "findEntry(-1)");
+    ExpectInvalidArg([&] { ini.GetEntryValue(-1, 0); }, "GetEntryValue(-1, 0)");
+    ExpectInvalidArg([&] { ini.GetEntryValue(0, -1, "d"); }, "GetEntryValue(0, -1, d)");
+    ExpectInvalidArg([&] { ini.GetEntryValue(-1, "x"); }, "GetEntryValue(-1, name)");
+    ExpectInvalidArg([&] { ini.GetNumEntries(-1); }, "GetNumEntries(-1)");
+    ExpectInvalidArg([&] { ini.GetSectionName(-1); }, "GetSectionName(-1)");
+    ExpectInvalidArg([&] { ini.GetEntryName(0, -1); }, "GetEntryName(0, -1)");
+    ExpectInvalidArg([&] { ini.GetEntryIndex(-1, "x"); }, "GetEntryIndex(-1, name)");
+    ExpectInvalidArg([&] { ini.findSection(-1); }, "findSection(-1)");
+    ExpectInvalidArg([&] { ini.findEntry(-1); }, "findEntry(-1)");
     EXPECT_EQ(1, ini.findSection(0));
     EXPECT_EQ(1, ini.findEntry(0));
     EXPECT_EQ(2, ini.CurrentNameLength());  // the name's length + 1

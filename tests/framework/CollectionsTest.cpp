@@ -2,23 +2,16 @@
 // that callers rely on to turn a negative index into CInvalidArgException.
 #include "framework/Collections.h"
 
+#include "support/ExpectInvalidArg.h"
+
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <string>
 #include <vector>
 
 namespace {
 
-void expectInvalidArg(const std::function<void()>& call, const char* what)
-{
-    try {
-        call();
-        ADD_FAILURE() << "no CInvalidArgException: " << what;
-    } catch (CInvalidArgException* e) {
-        e->Delete();
-    }
-}
+using tqmtest::ExpectInvalidArg;
 
 std::vector<std::string> itemsOf(const CStringList& list)
 {
@@ -60,14 +53,14 @@ TEST(CStringArray, OutOfRangeAccessThrowsInvalidArg)
 {
     CStringArray a;
     a.Add("only");
-    expectInvalidArg([&] { a.GetAt(-1); }, "GetAt(-1)");
-    expectInvalidArg([&] { a.GetAt(1); }, "GetAt(size)");
-    expectInvalidArg([&] { a[-1] = "x"; }, "operator[](-1)");
-    expectInvalidArg([&] { a.SetAt(5, "x"); }, "SetAt beyond the end");
-    expectInvalidArg([&] { a.RemoveAt(0, 2); }, "RemoveAt past the end");
-    expectInvalidArg([&] { a.InsertAt(-1, "x"); }, "InsertAt(-1)");
-    expectInvalidArg([&] { a.SetAtGrow(-1, "x"); }, "SetAtGrow(-1)");
-    expectInvalidArg([&] { a.SetSize(-1); }, "SetSize(-1)");
+    ExpectInvalidArg([&] { a.GetAt(-1); }, "GetAt(-1)");
+    ExpectInvalidArg([&] { a.GetAt(1); }, "GetAt(size)");
+    ExpectInvalidArg([&] { a[-1] = "x"; }, "operator[](-1)");
+    ExpectInvalidArg([&] { a.SetAt(5, "x"); }, "SetAt beyond the end");
+    ExpectInvalidArg([&] { a.RemoveAt(0, 2); }, "RemoveAt past the end");
+    ExpectInvalidArg([&] { a.InsertAt(-1, "x"); }, "InsertAt(-1)");
+    ExpectInvalidArg([&] { a.SetAtGrow(-1, "x"); }, "SetAtGrow(-1)");
+    ExpectInvalidArg([&] { a.SetSize(-1); }, "SetSize(-1)");
     EXPECT_EQ(1, a.GetSize());  // nothing changed on the way
 }
 
@@ -79,7 +72,7 @@ TEST(CPtrArray, HoldsPointersByPosition)
     a.Add(&y);
     a.RemoveAt(0);
     EXPECT_EQ(&y, a[0]);
-    expectInvalidArg([&] { a.GetAt(1); }, "CPtrArray GetAt(size)");
+    ExpectInvalidArg([&] { a.GetAt(1); }, "CPtrArray GetAt(size)");
 }
 
 TEST(CStringList, WalkInsertAndRemove)
@@ -140,9 +133,9 @@ TEST(CStringList, CopyAndSelfAppend)
 TEST(CStringList, EmptyListAccessThrowsInvalidArg)
 {
     CStringList list;
-    expectInvalidArg([&] { list.GetHead(); }, "GetHead");
-    expectInvalidArg([&] { list.RemoveTail(); }, "RemoveTail");
-    expectInvalidArg([&] { list.GetAt(nullptr); }, "GetAt(NULL)");
+    ExpectInvalidArg([&] { list.GetHead(); }, "GetHead");
+    ExpectInvalidArg([&] { list.RemoveTail(); }, "RemoveTail");
+    ExpectInvalidArg([&] { list.GetAt(nullptr); }, "GetAt(NULL)");
     EXPECT_TRUE(list.IsEmpty());
 }
 

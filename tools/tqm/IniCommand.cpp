@@ -1,16 +1,16 @@
 // tqm ini check|get|set|dump - INI documents and profile lookups.
 #include "tools/tqm/Command.h"
 #include "tools/tqm/IniReport.h"
+#include "tools/tqm/StreamInput.h"
 
 #include "config/IniFile.h"
 #include "config/Profile.h"
 #include "config/logic/IniLineGrammar.h"
+#include "framework/Handles.h"
 #include "framework/StdioFile.h"
 
 #include <windows.h>
 
-#include <fcntl.h>
-#include <io.h>
 #include <stdio.h>
 #include <string.h>
 
@@ -43,58 +43,49 @@ const char kUsage[] =
 class InputFile
 {
 public:
-    explicit InputFile(const std::string& arg) : m_displayName(arg == "-" ? "<stdin>" : arg), m_path(arg)
+    explicit InputFile(const std::string& arg) : m_name(arg == "-" ? "<stdin>" : arg), m_path(arg)
     {
-        if (arg == "-")
-            m_bOk = copyStandardInput();
+        if (arg == "-") {
+            m_bOk = m_copy.make(&m_dwError);
+            m_path = m_copy.path();
+        }
     }
-    ~InputFile()
-    {
-        if (m_bTemp)
-            DeleteFileA(m_path.c_str());
-    }
-    InputFile(const InputFile&) = delete;
-    InputFile& operator=(const InputFile&) = delete;
 
-    bool ok() const { return m_bOk; }
+    // False, with the reason on stderr, when standard input could not be copied.
+    bool ready() const
+    {
+        if (!m_bOk)
+            Fail("cannot read standard input: %s", SystemMessage(m_dwError).c_str());
+        return m_bOk;
+    }
     const char* path() const { return m_path.c_str(); }
-    const std::string& name() const { return m_displayName; }
+    const std::string& name() const { return m_name; }
 
 private:
-    bool copyStandardInput()
-    {
-        char folder[MAX_PATH];
-        char temp[MAX_PATH];
-        if (!GetTempPathA(MAX_PATH, folder) || !GetTempFileNameA(folder, "tqm", 0, temp))
-            return false;
-        m_path = temp;
-        m_bTemp = true;
-        FILE* out = fopen(temp, "wb");
-        if (!out)
-            return false;
-        _setmode(_fileno(stdin), _O_BINARY);
-        char buffer[65536];
-        size_t n;
-        bool bOk = true;
-        while ((n = fread(buffer, 1, sizeof(buffer), stdin)) > 0)
-            bOk = bOk && fwrite(buffer, 1, n, out) == n;
-        return fclose(out) == 0 && bOk;
-    }
-
-    std::string m_displayName;
+    StdinCopy m_copy;
+    std::string m_name;
     std::string m_path;
-    bool m_bTemp = false;
+    DWORD m_dwError = 0;
     bool m_bOk = true;
 };
 
 // Reads the document; on failure says why on stderr.
 bool readDocument(const InputFile& input, CTQMIniFile& ini)
 {
-    if (!input.ok())
+    if (!input.ready())
         return false;
     if (ini.Read(input.path()))
         return true;
-    Fail("%s", FormatReadFailure(input.name(), DescribeReadFailure(input.path(), ini)).c_str());
+    IniReadFailure failure = DescribeReadFailure(input.path(), ini);
+    std::string message = FormatReadFailure(input.name(), failure);
+    if (!failure.bOpened) {
+        // Why it could not be opened, in the system's words.
+        tqm::UniqueFile probe(CreateFileA(input.path(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+                                          OPEN_EXISTING, 0, nullptr));
+        if (!probe)
+            message += ": " + SystemMessage(GetLastError());
+    }
+    Fail("%s", message.c_str());
     return false;
 }
 
@@ -111,8 +102,6 @@ int runCheck(const Args& args)
     if (args.size() != 2)
         return UsageError("ini", "check takes one FILE");
     InputFile input(args[1]);
-    if (!input.ok())
-        return Fail("cannot read standard input");
     CTQMIniFile ini;
     if (!readDocument(input, ini))
         return kExitNegative;
@@ -126,8 +115,10 @@ int runGet(const Args& args)
     if (args.size() != 4)
         return UsageError("ini", "get takes FILE SECTION KEY");
     InputFile input(args[1]);
-    if (!input.ok() || GetFileAttributesA(input.path()) == INVALID_FILE_ATTRIBUTES)
-        return Fail("cannot read %s", input.name().c_str());
+    if (!input.ready())
+        return kExitNegative;
+    if (GetFileAttributesA(input.path()) == INVALID_FILE_ATTRIBUTES)
+        return Fail("cannot read %s: %s", input.name().c_str(), SystemMessage(GetLastError()).c_str());
     // A line feed never ends a value the lookup returns: the default tells a
     // missing key from an empty value.
     const char kMissing[] = "\n";
@@ -173,8 +164,6 @@ int runDump(const Args& args)
     if (args.size() != 2)
         return UsageError("ini", "dump takes one FILE");
     InputFile input(args[1]);
-    if (!input.ok())
-        return Fail("cannot read standard input");
     CTQMIniFile ini;
     if (!readDocument(input, ini))
         return kExitNegative;
