@@ -11,6 +11,7 @@
 // sandboxes do) charges that to the first read. So the run also shows what
 // touching that much new memory costs here, and a second read into the same
 // document, which reuses the memory it holds.
+#include "bench/BenchClock.h"
 #include "config/IniFile.h"
 #include "config/Profile.h"
 #include "framework/StdioFile.h"
@@ -22,36 +23,14 @@
 #include <algorithm>
 #include <string>
 
+using tqmbench::BestOf;
+using tqmbench::Now;
+
 namespace {
 
 const int kSections = 10000;
 const int kEntriesPerSection = 20;
 const int kWideEntries = 100000;
-
-double now()
-{
-    static LARGE_INTEGER frequency = [] {
-        LARGE_INTEGER f;
-        QueryPerformanceFrequency(&f);
-        return f;
-    }();
-    LARGE_INTEGER t;
-    QueryPerformanceCounter(&t);
-    return static_cast<double>(t.QuadPart) / static_cast<double>(frequency.QuadPart);
-}
-
-// The fastest of several runs, in seconds.
-template <typename Work>
-double bestOf(int runs, Work work)
-{
-    double best = 1e30;
-    for (int i = 0; i < runs; ++i) {
-        double t0 = now();
-        work();
-        best = std::min(best, now() - t0);
-    }
-    return best;
-}
 
 bool writeFile(const std::string& path, const std::string& bytes)
 {
@@ -152,17 +131,17 @@ int main()
 
     // --- Reading documents ---------------------------------------------------
     readLines(big);  // warm the file cache
-    double baseBig = bestOf(5, [&] { readLines(big); });
-    double baseWide = bestOf(5, [&] { readLines(wide); });
+    double baseBig = BestOf(5, [&] { readLines(big); });
+    double baseWide = BestOf(5, [&] { readLines(wide); });
     // Read alone: the document is made before and destroyed after the clock.
     bool readOk = true;
     auto timeRead = [&](const std::string& path, int sections, int entries) {
         double best = 1e30;
         for (int i = 0; i < 5; ++i) {
             CTQMIniFile ini;
-            double t0 = now();
+            double t0 = Now();
             readOk = readOk && ini.Read(path.c_str());
-            best = std::min(best, now() - t0);
+            best = std::min(best, Now() - t0);
             readOk = readOk && ini.GetNumSections() == sections && ini.GetNumEntries(0) == entries;
         }
         return best;
@@ -174,9 +153,9 @@ int main()
         CTQMIniFile ini;
         ini.Read(big.c_str());
         for (int i = 0; i < 5; ++i) {
-            double t0 = now();
+            double t0 = Now();
             readOk = readOk && ini.Read(big.c_str());
-            rereadBig = std::min(rereadBig, now() - t0);
+            rereadBig = std::min(rereadBig, Now() - t0);
         }
     }
     double readWide = timeRead(wide, 1, kWideEntries);
@@ -187,7 +166,7 @@ int main()
     // What the machine charges for memory a program touches for the first
     // time, for as much memory as the document of big.ini holds.
     size_t nFresh = bigText.size();
-    double fresh = bestOf(5, [&] {
+    double fresh = BestOf(5, [&] {
         char* p = static_cast<char*>(VirtualAlloc(nullptr, nFresh, MEM_COMMIT | MEM_RESERVE, PAGE_READWRITE));
         for (size_t i = 0; p && i < nFresh; i += 4096)
             p[i] = 1;
@@ -223,16 +202,16 @@ int main()
             return 1;
         }
         int runs = l.path == &small ? 200 : 5;
-        double tOurs = bestOf(runs, [&] { TQMGetProfileString(l.section, l.key, "", l.path->c_str()); });
+        double tOurs = BestOf(runs, [&] { TQMGetProfileString(l.section, l.key, "", l.path->c_str()); });
         // Cold: the system reads the file afresh, as on a program's first call.
         double tCold = 1e30;
         for (int i = 0; i < std::min(runs, 5); ++i) {
             dropSystemCache(*l.path);
-            tCold = std::min(tCold, bestOf(1, [&] { systemLookup(l.section, l.key, *l.path); }));
+            tCold = std::min(tCold, BestOf(1, [&] { systemLookup(l.section, l.key, *l.path); }));
         }
         // Warm: the system answers from the copy it keeps between calls.
         systemLookup(l.section, l.key, *l.path);
-        double tWarm = bestOf(runs, [&] { systemLookup(l.section, l.key, *l.path); });
+        double tWarm = BestOf(runs, [&] { systemLookup(l.section, l.key, *l.path); });
         printf("  %-34s %10.3f %12.3f\n", l.what, tOurs / tCold, tOurs / tWarm);
     }
 

@@ -5,6 +5,7 @@
 // per record of the same bytes (header and data). Reading: FindNextRec and
 // ReadRec with every checksum checked, against one ReadFile per record.
 // Each figure is the best of several rounds.
+#include "bench/BenchClock.h"
 #include "datafiles/Crc.h"
 #include "datafiles/RecFile.h"
 #include "datafiles/logic/RecordChecksum.h"
@@ -19,6 +20,8 @@
 #include <string>
 #include <vector>
 
+using tqmbench::BestOf;
+
 namespace {
 
 constexpr DWORD kRecords = 100000;
@@ -26,31 +29,6 @@ constexpr DWORD kRecordSize = 100;
 constexpr DWORD kHeaderSize = 20;
 constexpr int kRounds = 5;
 constexpr size_t kCrcBytes = 64u << 20;
-
-double now()
-{
-    static LARGE_INTEGER frequency = [] {
-        LARGE_INTEGER f;
-        QueryPerformanceFrequency(&f);
-        return f;
-    }();
-    LARGE_INTEGER t;
-    QueryPerformanceCounter(&t);
-    return double(t.QuadPart) / double(frequency.QuadPart);
-}
-
-// The best time of several rounds; false when a round failed.
-bool best(const std::function<bool()>& round, double* pSeconds)
-{
-    *pSeconds = 1e30;
-    for (int i = 0; i < kRounds; ++i) {
-        double start = now();
-        if (!round())
-            return false;
-        *pSeconds = std::min(*pSeconds, now() - start);
-    }
-    return true;
-}
 
 std::vector<BYTE> recordData()
 {
@@ -139,23 +117,23 @@ int recordFiles()
     std::vector<BYTE> data = recordData();
 
     double writeRec = 0, writeBase = 0, readRec = 0, readBase = 0;
-    if (!best([&] { return writeWithRecFile(recPath, data); }, &writeRec)) {
+    if (!BestOf(kRounds, [&] { return writeWithRecFile(recPath, data); }, &writeRec)) {
         printf("writing with CRecFile failed (error %lu)\n", GetLastError());
         return 1;
     }
     std::string image = fileBytes(recPath);
     size_t headSize = image.size() - size_t(kRecords) * (kHeaderSize + kRecordSize);
-    if (!best([&] { return writePlain(plainPath, image, headSize); }, &writeBase) || fileBytes(plainPath) != image) {
+    if (!BestOf(kRounds, [&] { return writePlain(plainPath, image, headSize); }, &writeBase) || fileBytes(plainPath) != image) {
         printf("the plain writer failed\n");
         return 1;
     }
     std::vector<BYTE> readBack(data.size());
-    if (!best([&] { return readWithRecFile(recPath, readBack); }, &readRec) || readBack != data) {
+    if (!BestOf(kRounds, [&] { return readWithRecFile(recPath, readBack); }, &readRec) || readBack != data) {
         printf("reading with CRecFile failed (error %lu)\n", GetLastError());
         return 1;
     }
     std::string plainImage(image.size(), '\0');
-    if (!best([&] { return readPlain(plainPath, plainImage, headSize); }, &readBase) || plainImage != image) {
+    if (!BestOf(kRounds, [&] { return readPlain(plainPath, plainImage, headSize); }, &readBase) || plainImage != image) {
         printf("the plain reader failed\n");
         return 1;
     }
@@ -185,9 +163,9 @@ int crc32Throughput()
     DWORD crc = 0;
     uint32_t sum = 0;
     double crcTime = 0, rotateTime = 0, copyTime = 0;
-    best([&] { return (crc = TQMCrc32(block.data(), UINT(block.size()))), true; }, &crcTime);
-    best([&] { return (sum = tqm::RecordChecksum(1, block.data(), block.size())), true; }, &rotateTime);
-    best([&] { return memcpy(copy.data(), block.data(), block.size()), copy[12345] == block[12345]; }, &copyTime);
+    BestOf(kRounds, [&] { return (crc = TQMCrc32(block.data(), UINT(block.size()))), true; }, &crcTime);
+    BestOf(kRounds, [&] { return (sum = tqm::RecordChecksum(1, block.data(), block.size())), true; }, &rotateTime);
+    BestOf(kRounds, [&] { return memcpy(copy.data(), block.data(), block.size()), copy[12345] == block[12345]; }, &copyTime);
     printf("crc32: 64 MB in %.3f s = %.0f MB/s (crc %08lx, old sum %08lx)\n", crcTime, kCrcBytes / 1048576.0 / crcTime,
            static_cast<unsigned long>(crc), static_cast<unsigned long>(sum));
     printf("       time ratio to the old rotate-xor sum %.2f, to memcpy %.1f\n", crcTime / rotateTime,

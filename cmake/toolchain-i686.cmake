@@ -1,15 +1,4 @@
-# Cross-compiling for i686 Windows with Debian's MinGW-w64 (posix thread model).
-set(CMAKE_SYSTEM_NAME Windows)
+# Cross-compiling for i686 Windows.
 set(CMAKE_SYSTEM_PROCESSOR i686)
-
 set(TQM_TRIPLET i686-w64-mingw32)
-set(CMAKE_C_COMPILER   ${TQM_TRIPLET}-gcc-posix)
-set(CMAKE_CXX_COMPILER ${TQM_TRIPLET}-g++-posix)
-set(CMAKE_RC_COMPILER  ${TQM_TRIPLET}-windres)
-set(CMAKE_DLLTOOL      ${TQM_TRIPLET}-dlltool)
-set(CMAKE_OBJDUMP      ${TQM_TRIPLET}-objdump)
-
-set(CMAKE_FIND_ROOT_PATH /usr/${TQM_TRIPLET})
-set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
-set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
-set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
+include(${CMAKE_CURRENT_LIST_DIR}/toolchain-mingw.cmake)

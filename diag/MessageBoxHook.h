@@ -19,6 +19,26 @@ typedef int(CALLBACK* TQMMESSAGEBOXHOOK)(HWND hWndOwner, const char* pszText, co
 // Installs pfnHook with its context (NULL removes the hook).
 extern "C" TQM_CAPI void WINAPI TQMSetMessageBoxHook(TQMMESSAGEBOXHOOK pfnHook, void* pContext);
 
+// The answer a program without a user gives a box of this style: the one that
+// goes on without deciding anything (OK, Ignore, No, Cancel or Continue).
+inline int TqmNonInteractiveAnswer(UINT uType)
+{
+    switch (uType & MB_TYPEMASK) {
+    case MB_OKCANCEL:
+    case MB_YESNOCANCEL:
+    case MB_RETRYCANCEL:
+        return IDCANCEL;
+    case MB_ABORTRETRYIGNORE:
+        return IDIGNORE;
+    case MB_YESNO:
+        return IDNO;
+    case MB_CANCELTRYCONTINUE:
+        return IDCONTINUE;
+    default:
+        return IDOK;
+    }
+}
+
 #ifdef TQMLIB_BUILD
 namespace tqm {
 // Shows a message box, or hands it to the hook; returns the button pressed.

@@ -6,29 +6,11 @@
 
 namespace tqmtest {
 
-int NonInteractiveAnswer(UINT type)
-{
-    switch (type & MB_TYPEMASK) {
-    case MB_OKCANCEL:
-    case MB_YESNOCANCEL:
-    case MB_RETRYCANCEL:
-        return IDCANCEL;
-    case MB_ABORTRETRYIGNORE:
-        return IDIGNORE;
-    case MB_YESNO:
-        return IDNO;
-    case MB_CANCELTRYCONTINUE:
-        return IDCONTINUE;
-    default:
-        return IDOK;
-    }
-}
-
 namespace {
 int CALLBACK defaultHook(HWND, const char* text, const char* caption, UINT type, void*)
 {
     fprintf(stderr, "[message box answered by the test harness] %s: %s\n", caption, text);
-    return NonInteractiveAnswer(type);
+    return TqmNonInteractiveAnswer(type);
 }
 }  // namespace
 
@@ -42,7 +24,7 @@ int CALLBACK BoxRecorder::onBox(HWND owner, const char* text, const char* captio
 {
     auto* self = static_cast<BoxRecorder*>(context);
     self->m_boxes.push_back({owner, text, caption, type});
-    return self->m_answer ? self->m_answer : NonInteractiveAnswer(type);
+    return self->m_answer ? self->m_answer : TqmNonInteractiveAnswer(type);
 }
 
 }  // namespace tqmtest

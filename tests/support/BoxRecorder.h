@@ -42,8 +42,6 @@ private:
     std::vector<RecordedBox> m_boxes;
 };
 
-// The answer a program without a user gives to a box of this style.
-int NonInteractiveAnswer(UINT type);
 // Installs the default hook of the test programs (TestMain does this).
 void InstallDefaultBoxHook();
 

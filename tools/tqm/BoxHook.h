@@ -9,7 +9,4 @@ namespace tqmtool {
 // installed a hook of its own puts tqm's back with it.
 void InstallToolBoxHook();
 
-// The answer tqm gives a box of this style (MB_OK, MB_YESNO, ...).
-int NonInteractiveBoxAnswer(unsigned type);
-
 }  // namespace tqmtool

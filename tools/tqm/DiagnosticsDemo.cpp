@@ -40,7 +40,7 @@ void printIndented(const char* text)
 // answer tqm gives) instead of going to stderr.
 int CALLBACK printBox(HWND, const char* pszText, const char* pszCaption, UINT uType, void*)
 {
-    int answer = NonInteractiveBoxAnswer(uType);
+    int answer = TqmNonInteractiveAnswer(uType);
     printf("  box [%s], answered %s:\n      ", pszCaption,
            answer == IDIGNORE ? "Ignore" : answer == IDOK ? "OK" : "Cancel");
     printIndented(pszText);

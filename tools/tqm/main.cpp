@@ -34,28 +34,10 @@ void printOverview()
 int CALLBACK answerBox(HWND, const char* pszText, const char* pszCaption, UINT uType, void*)
 {
     fprintf(stderr, "tqm: [%s] %s\n", pszCaption, pszText);
-    return NonInteractiveBoxAnswer(uType);
+    return TqmNonInteractiveAnswer(uType);
 }
 
 }  // namespace
-
-int NonInteractiveBoxAnswer(unsigned type)
-{
-    switch (type & MB_TYPEMASK) {
-    case MB_OKCANCEL:
-    case MB_YESNOCANCEL:
-    case MB_RETRYCANCEL:
-        return IDCANCEL;
-    case MB_ABORTRETRYIGNORE:
-        return IDIGNORE;
-    case MB_YESNO:
-        return IDNO;
-    case MB_CANCELTRYCONTINUE:
-        return IDCONTINUE;
-    default:
-        return IDOK;
-    }
-}
 
 void InstallToolBoxHook() { TQMSetMessageBoxHook(answerBox, nullptr); }
 
