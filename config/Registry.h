@@ -42,7 +42,8 @@ protected:
 };
 
 // valueName of the key subKey below hKey, into out (512 bytes), which is set
-// to "" first. The key is only opened, never made. TRUE only for a non-empty
-// REG_SZ value; out may hold data even when the result is FALSE.
+// to "" first. The key is only opened, never made. TRUE only for a REG_SZ
+// value with data (an empty string stored with its NUL has some); out may hold
+// data even when the result is FALSE. Longer values give FALSE.
 extern "C" TQM_CAPI BOOL WINAPI TQMReadRegistryString(HKEY hKey, const char* subKey, const char* valueName,
                                                       char* out);

@@ -1,0 +1,168 @@
+// tqm dirs, tqm settings, tqm tags and tqm env, run as a user runs them; and
+// a second process that sees what the first one wrote back.
+#include "config/QM5Profile.h"
+#include "paths/InstallDirs.h"
+
+#include "support/ChildProcess.h"
+#include "support/FixtureFiles.h"
+#include "support/SuiteSettingsGuard.h"
+#include "support/TempDir.h"
+
+#include <gtest/gtest.h>
+
+#include <initializer_list>
+#include <string>
+
+namespace {
+
+struct Result
+{
+    int exitCode;
+    std::string out;
+    std::string err;
+};
+
+std::string withoutCarriageReturns(const std::string& text)
+{
+    std::string lines;
+    for (char ch : text) {
+        if (ch != '\r')
+            lines += ch;
+    }
+    return lines;
+}
+
+Result tqm(std::initializer_list<std::string> args)
+{
+    std::string commandLine = tqmtest::QuoteArgument(tqmtest::ProgramDir() + "\\tqm.exe");
+    for (const std::string& arg : args)
+        commandLine += " " + tqmtest::QuoteArgument(arg);
+    const tqmtest::ProgramRun run = tqmtest::RunProgram(commandLine);
+    return Result{run.exitCode, withoutCarriageReturns(run.out), withoutCarriageReturns(run.err)};
+}
+
+bool contains(const std::string& text, const std::string& part) { return text.find(part) != std::string::npos; }
+
+// What the line of "tqm dirs" for the directory says after its name.
+std::string dirLine(const std::string& out, const std::string& name)
+{
+    size_t start = 0;
+    while (start < out.size()) {
+        size_t end = out.find('\n', start);
+        if (end == std::string::npos)
+            end = out.size();
+        const std::string line = out.substr(start, end - start);
+        if (line.compare(0, name.size() + 1, name + " ") == 0)
+            return line.substr(line.find_first_not_of(' ', name.size()));
+        start = end + 1;
+    }
+    return std::string();
+}
+
+class TqmSettings : public testing::Test
+{
+protected:
+    tqmtest::SuiteSettingsGuard guard;
+};
+
+TEST_F(TqmSettings, DirsShowsWhereEachDirectoryCameFromAcrossProcesses)
+{
+    // This process fixes the libraries' default; tqm sees it as the setting.
+    const CString libs = TQMGetLibsDir();
+    Result r = tqm({"dirs"});
+    ASSERT_EQ(0, r.exitCode) << r.err;
+    EXPECT_EQ(std::string(libs.GetString()) + "  [setting]", dirLine(r.out, "LibsDir"));
+    const std::string projects = std::string(TQMGetCommonDocumentsDir().GetString()) + "\\Projects";
+    EXPECT_EQ(projects + "  [default, written back]", dirLine(r.out, "ProjectsDir"));
+    EXPECT_EQ(std::string(TQMGetLocalDir().GetString()), dirLine(r.out, "LocalDir"));
+    EXPECT_EQ(std::string(TQMGetTempDir().GetString()), dirLine(r.out, "TempDir"));
+    // ... and the default tqm wrote back is this process's setting now.
+    EXPECT_STREQ(projects.c_str(), TQMGetQM5ProfileString(HKEY_LOCAL_MACHINE, "Global", "ProjectsDir", ""));
+
+    r = tqm({"dirs", "set", "templates", "D:\\Shared\\Templates"});
+    EXPECT_EQ(0, r.exitCode) << r.err;
+    EXPECT_STREQ("D:\\Shared\\Templates", TQMGetTemplatesDir());
+    EXPECT_EQ("D:\\Shared\\Templates  [setting]", dirLine(tqm({"dirs"}).out, "TemplatesDir"));
+    r = tqm({"dirs", "set", "TemplatesDir", ""});
+    EXPECT_EQ(0, r.exitCode);
+    EXPECT_TRUE(contains(dirLine(tqm({"dirs"}).out, "TemplatesDir"), "[default, written back]"));
+
+    EXPECT_EQ(2, tqm({"dirs", "set", "UserDir", "D:\\x"}).exitCode);
+    EXPECT_EQ(2, tqm({"dirs", "set", "ProjectsDir"}).exitCode);
+    EXPECT_EQ(2, tqm({"dirs", "extra"}).exitCode);
+}
+
+TEST_F(TqmSettings, SettingsGetSetDelete)
+{
+    EXPECT_EQ(0, tqm({"settings", "set", "--user", "Editor", "Font", "Courier New"}).exitCode);
+    EXPECT_EQ(0, tqm({"settings", "set", "--user", "--int", "Editor", "Tabs", "-4"}).exitCode);
+    EXPECT_STREQ("Courier New", TQMGetQM5ProfileString(HKEY_CURRENT_USER, "Editor", "Font", ""));
+    EXPECT_EQ(static_cast<UINT>(-4), TQMGetQM5ProfileInt(HKEY_CURRENT_USER, "Editor", "Tabs", 0));
+    Result r = tqm({"settings", "get", "--user", "Editor", "Font"});
+    EXPECT_EQ(0, r.exitCode);
+    EXPECT_EQ("Courier New\n", r.out);
+    EXPECT_EQ("-4\n", tqm({"settings", "get", "--user", "--int", "Editor", "Tabs"}).out);
+    r = tqm({"settings", "get", "--user", "Editor"});
+    EXPECT_TRUE(contains(r.out, "Font=Courier New\n")) << r.out;
+    EXPECT_TRUE(contains(r.out, "Tabs=-4  (number)\n")) << r.out;
+
+    // Machine-wide by default, mirrored and read back from the mirror.
+    EXPECT_EQ(0, tqm({"settings", "set", "Global", "Vendor", "Tarn"}).exitCode);
+    EXPECT_EQ("Vendor=Tarn\n", tqm({"settings", "get", "--machine", "Global"}).out);
+    EXPECT_STREQ("Tarn", TQMGetQM5ProfileString(HKEY_LOCAL_MACHINE, "Global", "Vendor", ""));
+
+    EXPECT_EQ(0, tqm({"settings", "delete", "--user", "Editor", "Font"}).exitCode);
+    r = tqm({"settings", "get", "--user", "Editor", "Font"});
+    EXPECT_EQ(1, r.exitCode);
+    EXPECT_TRUE(contains(r.err, "not set")) << r.err;
+    EXPECT_EQ(1, tqm({"settings", "delete", "--user", "Editor", "Font"}).exitCode);
+    EXPECT_EQ(0, tqm({"settings", "delete", "--user", "Editor"}).exitCode);
+    EXPECT_EQ(1, tqm({"settings", "get", "--user", "--int", "Editor", "Tabs"}).exitCode);
+
+    EXPECT_EQ(2, tqm({"settings"}).exitCode);
+    EXPECT_EQ(2, tqm({"settings", "set", "S", "E"}).exitCode);
+    EXPECT_EQ(2, tqm({"settings", "set", "--int", "S", "E", "12abc"}).exitCode);
+    EXPECT_EQ(2, tqm({"settings", "get", "--hive", "S"}).exitCode);
+}
+
+TEST_F(TqmSettings, TagsSubstAndUnsubst)
+{
+    const std::string libs = TQMGetLibsDir().GetString();
+    Result r = tqm({"tags", "subst", libs + "\\Std\\a.x"});
+    EXPECT_EQ(0, r.exitCode) << r.err;
+    EXPECT_EQ("<$LibsDir>\\Std\\a.x\n", r.out);
+    EXPECT_EQ(libs + "\\Std\\a.x\n", tqm({"tags", "unsubst", "<$stdlibdir>\\a.x"}).out);
+    EXPECT_EQ("<$Unknown>\\a\n", tqm({"tags", "unsubst", "<$Unknown>\\a"}).out);
+    EXPECT_EQ("<$DevDir>\\main.st\n",
+              tqm({"tags", "subst", "D:\\P\\Cpu\\main.st", "--project", "D:\\P", "--device", "D:\\P\\Cpu"}).out);
+    EXPECT_EQ("D:\\P\\plc.cfg\n", tqm({"tags", "unsubst", "<$ProjDir>\\plc.cfg", "--project", "D:\\P"}).out);
+    EXPECT_EQ("E:\\Cpu\\x\n", tqm({"tags", "unsubst", "<$CpuDir>\\x", "--device", "E:\\Cpu"}).out);
+    EXPECT_TRUE(contains(tqm({"tags", "list"}).out, "<$HpLibDir>      " + libs + "\\HP\n"));
+
+    EXPECT_EQ(2, tqm({"tags", "subst"}).exitCode);
+    EXPECT_EQ(2, tqm({"tags", "subst", "a", "b"}).exitCode);
+    EXPECT_EQ(2, tqm({"tags", "unsubst", "a", "--project"}).exitCode);
+}
+
+TEST_F(TqmSettings, EnvCreateSaysWhatItMade)
+{
+    tqmtest::TempDir temp;
+    TQMSetQM5ProfileString(HKEY_LOCAL_MACHINE, "Global", "ProjectsDir", temp.file("Projects").c_str());
+    TQMSetQM5ProfileString(HKEY_LOCAL_MACHINE, "Global", "LibsDir", temp.file("Libs").c_str());
+    TQMSetQM5ProfileString(HKEY_LOCAL_MACHINE, "Global", "TemplatesDir", temp.file("Templates").c_str());
+    Result r = tqm({"env", "create"});
+    EXPECT_EQ(0, r.exitCode) << r.err;
+    EXPECT_TRUE(contains(r.out, "ProjectsDir   " + temp.file("Projects") + "  [created]\n")) << r.out;
+    EXPECT_TRUE(contains(r.out, "AppsDir       " + tqmtest::ProgramDir() + "  [already there]\n")) << r.out;
+    r = tqm({"env", "create"});
+    EXPECT_TRUE(contains(r.out, "ProjectsDir   " + temp.file("Projects") + "  [already there]\n")) << r.out;
+    EXPECT_FALSE(contains(r.out, "[created]"));
+
+    r = tqm({"env", "copy", "NoSuch.ini"});
+    EXPECT_EQ(1, r.exitCode);
+    EXPECT_EQ(std::string(TQMGetUserDir().GetString()) + "\\NoSuch.ini\n", r.out);
+    EXPECT_EQ(2, tqm({"env", "copy", "sub\\x.ini"}).exitCode);
+    EXPECT_EQ(2, tqm({"env"}).exitCode);
+}
+
+}  // namespace
