@@ -17,10 +17,13 @@ extern "C" TQM_CAPI void WINAPI LastError(HWND hWndOwner);
 extern "C" TQM_CAPI void __cdecl DllError(UINT nID, ...);
 
 // The assertion reporter behind TARN_ASSERT and TARN_VERIFY (diag/TarnAssert.h).
-// Sends the report to the trace viewer; for the library's own macros (names
-// beginning "TARN") it then offers Abort, Retry or Ignore. Abort ends the
-// process; the others return. The result says whether the trace viewer got it.
+// Sends the report "<macro> failed at line <n> in <source>: ..." (at most 640
+// characters; pszFile is named without folder and extension) to the trace
+// viewer; for the library's own macros (names beginning "TARN") it then
+// offers Abort, Retry or Ignore. Abort ends the process at once (exit code
+// 3); the others return. The result says whether the trace viewer got it.
 extern "C" TQM_CAPI bool WINAPI TarnDebug(const char* pszMacro, const char* pszExpr, const char* pszFile, int nLine);
-// The same with the system's error code of a failed call.
+// The same with the system's error code of a failed call: reported by number
+// when the system has a text for it, else as "Reason: (null)".
 TQM_CPPAPI bool WINAPI TarnDebug(const char* pszMacro, const char* pszExpr, const char* pszFile, int nLine,
                                  DWORD dwError);

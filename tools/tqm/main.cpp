@@ -1,5 +1,6 @@
 // tqm - the command line of the Tqmlib52 library.
 #include "tools/tqm/Command.h"
+#include "tools/tqm/BoxHook.h"
 
 #include "diag/MessageBoxHook.h"
 
@@ -30,12 +31,17 @@ void printOverview()
     printf("\n\"tqm COMMAND --help\" describes a command.\n");
 }
 
-// Nobody is there to click: the box's text goes to stderr and the box gets
-// the answer that lets the program go on without deciding anything.
 int CALLBACK answerBox(HWND, const char* pszText, const char* pszCaption, UINT uType, void*)
 {
     fprintf(stderr, "tqm: [%s] %s\n", pszCaption, pszText);
-    switch (uType & MB_TYPEMASK) {
+    return NonInteractiveBoxAnswer(uType);
+}
+
+}  // namespace
+
+int NonInteractiveBoxAnswer(unsigned type)
+{
+    switch (type & MB_TYPEMASK) {
     case MB_OKCANCEL:
     case MB_YESNOCANCEL:
     case MB_RETRYCANCEL:
@@ -51,7 +57,7 @@ int CALLBACK answerBox(HWND, const char* pszText, const char* pszCaption, UINT u
     }
 }
 
-}  // namespace
+void InstallToolBoxHook() { TQMSetMessageBoxHook(answerBox, nullptr); }
 
 bool RegisterCommand(const Command& command)
 {
@@ -91,7 +97,7 @@ bool WantsHelp(const Args& args)
 int main(int argc, char** argv)
 {
     using namespace tqmtool;
-    TQMSetMessageBoxHook(answerBox, nullptr);
+    InstallToolBoxHook();
 
     if (argc < 2 || !strcmp(argv[1], "-h") || !strcmp(argv[1], "--help") || !strcmp(argv[1], "help")) {
         if (argc >= 3 && !strcmp(argv[1], "help") && registry().count(argv[2])) {
