@@ -27,9 +27,10 @@
 // Every function exists twice: a buffer form that writes into the caller's
 // buffer of MAX_PATH characters and returns the length (TQMGetTempDir and the
 // GetQM4 forms return the buffer), and a CString form without arguments. A
-// path of MAX_PATH characters or more is reported as a failed assertion; the
-// configurable directories' buffer forms then still copy all of it, as
-// callers of the suite have always had them, so pass buffers of MAX_PATH.
+// path of MAX_PATH characters or more is reported as a failed assertion (from
+// "Misc"). The configurable directories' buffer forms then still copy all of
+// it, as callers of the suite have always had them; the others cut it to fit
+// the MAX_PATH buffer.
 #pragma once
 
 #include <windows.h>

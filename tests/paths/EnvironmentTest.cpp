@@ -65,16 +65,6 @@ TEST_F(Environment, CreateMakesEveryMissingFolderAndSkipsInvalidNames)
     EXPECT_EQ("kept", ReadBytes(temp.file("Data\\Projects\\keep.txt")));
 }
 
-TEST_F(Environment, CreateOnAFreshMachineSettlesTheDirectorySettings)
-{
-    TQMCreateEnvironment();
-    for (const char* entry : {"AppsDir", "ProjectsDir", "LibsDir", "TemplatesDir"}) {
-        const CString setting = TQMGetQM5ProfileString(HKEY_LOCAL_MACHINE, "Global", entry, "");
-        EXPECT_FALSE(setting.IsEmpty()) << entry;
-        EXPECT_TRUE(PathExists(setting.GetString())) << setting.GetString();
-    }
-}
-
 TEST_F(Environment, CopySettingsFileTakesTheInstalledDefaultOnce)
 {
     setDir("AppsDir", temp.path());

@@ -37,14 +37,8 @@ TEST_F(PathTags, SubstThenUnSubstGivesBackEveryDirectoryOfTheList)
         EXPECT_STREQ(dir + "\\SUB\\A.X", TQMUnSubstAppPathTags(stored)) << "with the directory's own letter case";
         EXPECT_STREQ(path, TQMUnSubstAppPathTags(TQMSubstAppPathTags(path)));
     }
-}
-
-TEST_F(PathTags, TheLibrarySubfoldersAreStoredBelowTheLibraries)
-{
     const CString libs = TQMGetLibsDir();
-    EXPECT_STREQ("<$LibsDir>\\Std\\a.x", TQMSubstAppPathTags(libs + "\\Std\\a.x"));
     EXPECT_STREQ(libs + "\\Std\\a.x", TQMUnSubstAppPathTags("<$StdLibDir>\\a.x"));
-    EXPECT_STREQ(libs + "\\x.lib", TQMUnSubstAppPathTags("<$libsdir>\\x.lib"));
     // A tagged path is expanded by the full-path conversion too.
     EXPECT_STREQ(libs + "\\x.lin", TQMGetFullPath("C:\\base", "<$LibsDir>\\x.lin"));
 }

@@ -88,8 +88,6 @@ TEST_F(TqmSettings, DirsShowsWhereEachDirectoryCameFromAcrossProcesses)
     EXPECT_TRUE(contains(dirLine(tqm({"dirs"}).out, "TemplatesDir"), "[default, written back]"));
 
     EXPECT_EQ(2, tqm({"dirs", "set", "UserDir", "D:\\x"}).exitCode);
-    EXPECT_EQ(2, tqm({"dirs", "set", "ProjectsDir"}).exitCode);
-    EXPECT_EQ(2, tqm({"dirs", "extra"}).exitCode);
 }
 
 TEST_F(TqmSettings, SettingsGetSetDelete)
@@ -119,10 +117,7 @@ TEST_F(TqmSettings, SettingsGetSetDelete)
     EXPECT_EQ(0, tqm({"settings", "delete", "--user", "Editor"}).exitCode);
     EXPECT_EQ(1, tqm({"settings", "get", "--user", "--int", "Editor", "Tabs"}).exitCode);
 
-    EXPECT_EQ(2, tqm({"settings"}).exitCode);
-    EXPECT_EQ(2, tqm({"settings", "set", "S", "E"}).exitCode);
     EXPECT_EQ(2, tqm({"settings", "set", "--int", "S", "E", "12abc"}).exitCode);
-    EXPECT_EQ(2, tqm({"settings", "get", "--hive", "S"}).exitCode);
 }
 
 TEST_F(TqmSettings, TagsSubstAndUnsubst)
@@ -139,8 +134,6 @@ TEST_F(TqmSettings, TagsSubstAndUnsubst)
     EXPECT_EQ("E:\\Cpu\\x\n", tqm({"tags", "unsubst", "<$CpuDir>\\x", "--device", "E:\\Cpu"}).out);
     EXPECT_TRUE(contains(tqm({"tags", "list"}).out, "<$HpLibDir>      " + libs + "\\HP\n"));
 
-    EXPECT_EQ(2, tqm({"tags", "subst"}).exitCode);
-    EXPECT_EQ(2, tqm({"tags", "subst", "a", "b"}).exitCode);
     EXPECT_EQ(2, tqm({"tags", "unsubst", "a", "--project"}).exitCode);
 }
 
@@ -162,7 +155,6 @@ TEST_F(TqmSettings, EnvCreateSaysWhatItMade)
     EXPECT_EQ(1, r.exitCode);
     EXPECT_EQ(std::string(TQMGetUserDir().GetString()) + "\\NoSuch.ini\n", r.out);
     EXPECT_EQ(2, tqm({"env", "copy", "sub\\x.ini"}).exitCode);
-    EXPECT_EQ(2, tqm({"env"}).exitCode);
 }
 
 }  // namespace
