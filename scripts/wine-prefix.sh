@@ -1,21 +1,36 @@
 #!/bin/sh
-# Makes a private Wine prefix once: no Mono or Gecko prompts, and the null
-# graphics driver so that windows and messages work without a display. The
-# driver is set while the prefix is made and the server is then waited for:
-# a driver changed under a running wineserver leaves CreateWindow failing.
+# Makes a private Wine prefix once, and keeps its settings current:
+#   - no Mono or Gecko prompts (WINEDLLOVERRIDES);
+#   - the null graphics driver, so that windows and messages work without a
+#     display. The driver is set while the prefix is made and the server is
+#     then waited for: a driver changed under a running wineserver leaves
+#     CreateWindow failing;
+#   - no debugger on a crash: Wine starts winedbg even without a debugger
+#     setting, so the setting names a command that exits at once, and a
+#     crashing test ends at once instead of waiting until its time-out.
 #   wine-prefix.sh PREFIX
 set -e
 prefix=$1
-[ -f "$prefix/.tqm-ready" ] && exit 0
+settings_version=4
+marker="$prefix/.tqm-ready"
+[ -f "$marker" ] && [ "$(cat "$marker")" = "$settings_version" ] && exit 0
 
 mkdir -p "$(dirname "$prefix")"
 exec 9>"$prefix.lock"
 flock 9
-[ -f "$prefix/.tqm-ready" ] && exit 0
+[ -f "$marker" ] && [ "$(cat "$marker")" = "$settings_version" ] && exit 0
 
 export WINEPREFIX="$prefix" WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml="
-echo "wine-prefix: making $prefix" >&2
-wineboot -i >/dev/null 2>&1 || true
-wine reg add 'HKCU\Software\Wine\Drivers' /v Graphics /d null /f >/dev/null 2>&1
+if [ ! -f "$marker" ]; then
+    echo "wine-prefix: making $prefix" >&2
+    wineboot -i >/dev/null 2>&1 || true
+    wine reg add 'HKCU\Software\Wine\Drivers' /v Graphics /d null /f >/dev/null 2>&1
+fi
+for key in 'HKLM\Software\Microsoft\Windows NT\CurrentVersion\AeDebug' \
+           'HKLM\Software\Wow6432Node\Microsoft\Windows NT\CurrentVersion\AeDebug'; do
+    wine reg add "$key" /v Debugger /d 'cmd.exe /c exit %ld %ld' /f >/dev/null 2>&1
+    wine reg add "$key" /v Auto /d 1 /f >/dev/null 2>&1
+done
+wine reg add 'HKCU\Software\Wine\WineDbg' /v ShowCrashDialog /t REG_DWORD /d 0 /f >/dev/null 2>&1
 wineserver -w
-touch "$prefix/.tqm-ready"
+echo "$settings_version" > "$marker"
