@@ -3,43 +3,19 @@
 #include "config/QM5Profile.h"
 #include "paths/InstallDirs.h"
 
-#include "support/ChildProcess.h"
 #include "support/FixtureFiles.h"
 #include "support/SuiteSettingsGuard.h"
 #include "support/TempDir.h"
+#include "support/TqmProgram.h"
 
 #include <gtest/gtest.h>
 
-#include <initializer_list>
 #include <string>
 
 namespace {
 
-struct Result
-{
-    int exitCode;
-    std::string out;
-    std::string err;
-};
-
-std::string withoutCarriageReturns(const std::string& text)
-{
-    std::string lines;
-    for (char ch : text) {
-        if (ch != '\r')
-            lines += ch;
-    }
-    return lines;
-}
-
-Result tqm(std::initializer_list<std::string> args)
-{
-    std::string commandLine = tqmtest::QuoteArgument(tqmtest::ProgramDir() + "\\tqm.exe");
-    for (const std::string& arg : args)
-        commandLine += " " + tqmtest::QuoteArgument(arg);
-    const tqmtest::ProgramRun run = tqmtest::RunProgram(commandLine);
-    return Result{run.exitCode, withoutCarriageReturns(run.out), withoutCarriageReturns(run.err)};
-}
+using tqmtest::RunTqm;
+using tqmtest::TqmRun;
 
 bool contains(const std::string& text, const std::string& part) { return text.find(part) != std::string::npos; }
 
@@ -69,7 +45,7 @@ TEST_F(TqmSettings, DirsShowsWhereEachDirectoryCameFromAcrossProcesses)
 {
     // This process fixes the libraries' default; tqm sees it as the setting.
     const CString libs = TQMGetLibsDir();
-    Result r = tqm({"dirs"});
+    TqmRun r = RunTqm({"dirs"});
     ASSERT_EQ(0, r.exitCode) << r.err;
     EXPECT_EQ(std::string(libs.GetString()) + "  [setting]", dirLine(r.out, "LibsDir"));
     const std::string projects = std::string(TQMGetCommonDocumentsDir().GetString()) + "\\Projects";
@@ -79,62 +55,62 @@ TEST_F(TqmSettings, DirsShowsWhereEachDirectoryCameFromAcrossProcesses)
     // ... and the default tqm wrote back is this process's setting now.
     EXPECT_STREQ(projects.c_str(), TQMGetQM5ProfileString(HKEY_LOCAL_MACHINE, "Global", "ProjectsDir", ""));
 
-    r = tqm({"dirs", "set", "templates", "D:\\Shared\\Templates"});
+    r = RunTqm({"dirs", "set", "templates", "D:\\Shared\\Templates"});
     EXPECT_EQ(0, r.exitCode) << r.err;
     EXPECT_STREQ("D:\\Shared\\Templates", TQMGetTemplatesDir());
-    EXPECT_EQ("D:\\Shared\\Templates  [setting]", dirLine(tqm({"dirs"}).out, "TemplatesDir"));
-    r = tqm({"dirs", "set", "TemplatesDir", ""});
+    EXPECT_EQ("D:\\Shared\\Templates  [setting]", dirLine(RunTqm({"dirs"}).out, "TemplatesDir"));
+    r = RunTqm({"dirs", "set", "TemplatesDir", ""});
     EXPECT_EQ(0, r.exitCode);
-    EXPECT_TRUE(contains(dirLine(tqm({"dirs"}).out, "TemplatesDir"), "[default, written back]"));
+    EXPECT_TRUE(contains(dirLine(RunTqm({"dirs"}).out, "TemplatesDir"), "[default, written back]"));
 
-    EXPECT_EQ(2, tqm({"dirs", "set", "UserDir", "D:\\x"}).exitCode);
+    EXPECT_EQ(2, RunTqm({"dirs", "set", "UserDir", "D:\\x"}).exitCode);
 }
 
 TEST_F(TqmSettings, SettingsGetSetDelete)
 {
-    EXPECT_EQ(0, tqm({"settings", "set", "--user", "Editor", "Font", "Courier New"}).exitCode);
-    EXPECT_EQ(0, tqm({"settings", "set", "--user", "--int", "Editor", "Tabs", "-4"}).exitCode);
+    EXPECT_EQ(0, RunTqm({"settings", "set", "--user", "Editor", "Font", "Courier New"}).exitCode);
+    EXPECT_EQ(0, RunTqm({"settings", "set", "--user", "--int", "Editor", "Tabs", "-4"}).exitCode);
     EXPECT_STREQ("Courier New", TQMGetQM5ProfileString(HKEY_CURRENT_USER, "Editor", "Font", ""));
     EXPECT_EQ(static_cast<UINT>(-4), TQMGetQM5ProfileInt(HKEY_CURRENT_USER, "Editor", "Tabs", 0));
-    Result r = tqm({"settings", "get", "--user", "Editor", "Font"});
+    TqmRun r = RunTqm({"settings", "get", "--user", "Editor", "Font"});
     EXPECT_EQ(0, r.exitCode);
     EXPECT_EQ("Courier New\n", r.out);
-    EXPECT_EQ("-4\n", tqm({"settings", "get", "--user", "--int", "Editor", "Tabs"}).out);
-    r = tqm({"settings", "get", "--user", "Editor"});
+    EXPECT_EQ("-4\n", RunTqm({"settings", "get", "--user", "--int", "Editor", "Tabs"}).out);
+    r = RunTqm({"settings", "get", "--user", "Editor"});
     EXPECT_TRUE(contains(r.out, "Font=Courier New\n")) << r.out;
     EXPECT_TRUE(contains(r.out, "Tabs=-4  (number)\n")) << r.out;
 
     // Machine-wide by default, mirrored and read back from the mirror.
-    EXPECT_EQ(0, tqm({"settings", "set", "Global", "Vendor", "Tarn"}).exitCode);
-    EXPECT_EQ("Vendor=Tarn\n", tqm({"settings", "get", "--machine", "Global"}).out);
+    EXPECT_EQ(0, RunTqm({"settings", "set", "Global", "Vendor", "Tarn"}).exitCode);
+    EXPECT_EQ("Vendor=Tarn\n", RunTqm({"settings", "get", "--machine", "Global"}).out);
     EXPECT_STREQ("Tarn", TQMGetQM5ProfileString(HKEY_LOCAL_MACHINE, "Global", "Vendor", ""));
 
-    EXPECT_EQ(0, tqm({"settings", "delete", "--user", "Editor", "Font"}).exitCode);
-    r = tqm({"settings", "get", "--user", "Editor", "Font"});
+    EXPECT_EQ(0, RunTqm({"settings", "delete", "--user", "Editor", "Font"}).exitCode);
+    r = RunTqm({"settings", "get", "--user", "Editor", "Font"});
     EXPECT_EQ(1, r.exitCode);
     EXPECT_TRUE(contains(r.err, "not set")) << r.err;
-    EXPECT_EQ(1, tqm({"settings", "delete", "--user", "Editor", "Font"}).exitCode);
-    EXPECT_EQ(0, tqm({"settings", "delete", "--user", "Editor"}).exitCode);
-    EXPECT_EQ(1, tqm({"settings", "get", "--user", "--int", "Editor", "Tabs"}).exitCode);
+    EXPECT_EQ(1, RunTqm({"settings", "delete", "--user", "Editor", "Font"}).exitCode);
+    EXPECT_EQ(0, RunTqm({"settings", "delete", "--user", "Editor"}).exitCode);
+    EXPECT_EQ(1, RunTqm({"settings", "get", "--user", "--int", "Editor", "Tabs"}).exitCode);
 
-    EXPECT_EQ(2, tqm({"settings", "set", "--int", "S", "E", "12abc"}).exitCode);
+    EXPECT_EQ(2, RunTqm({"settings", "set", "--int", "S", "E", "12abc"}).exitCode);
 }
 
 TEST_F(TqmSettings, TagsSubstAndUnsubst)
 {
     const std::string libs = TQMGetLibsDir().GetString();
-    Result r = tqm({"tags", "subst", libs + "\\Std\\a.x"});
+    TqmRun r = RunTqm({"tags", "subst", libs + "\\Std\\a.x"});
     EXPECT_EQ(0, r.exitCode) << r.err;
     EXPECT_EQ("<$LibsDir>\\Std\\a.x\n", r.out);
-    EXPECT_EQ(libs + "\\Std\\a.x\n", tqm({"tags", "unsubst", "<$stdlibdir>\\a.x"}).out);
-    EXPECT_EQ("<$Unknown>\\a\n", tqm({"tags", "unsubst", "<$Unknown>\\a"}).out);
+    EXPECT_EQ(libs + "\\Std\\a.x\n", RunTqm({"tags", "unsubst", "<$stdlibdir>\\a.x"}).out);
+    EXPECT_EQ("<$Unknown>\\a\n", RunTqm({"tags", "unsubst", "<$Unknown>\\a"}).out);
     EXPECT_EQ("<$DevDir>\\main.st\n",
-              tqm({"tags", "subst", "D:\\P\\Cpu\\main.st", "--project", "D:\\P", "--device", "D:\\P\\Cpu"}).out);
-    EXPECT_EQ("D:\\P\\plc.cfg\n", tqm({"tags", "unsubst", "<$ProjDir>\\plc.cfg", "--project", "D:\\P"}).out);
-    EXPECT_EQ("E:\\Cpu\\x\n", tqm({"tags", "unsubst", "<$CpuDir>\\x", "--device", "E:\\Cpu"}).out);
-    EXPECT_TRUE(contains(tqm({"tags", "list"}).out, "<$HpLibDir>      " + libs + "\\HP\n"));
+              RunTqm({"tags", "subst", "D:\\P\\Cpu\\main.st", "--project", "D:\\P", "--device", "D:\\P\\Cpu"}).out);
+    EXPECT_EQ("D:\\P\\plc.cfg\n", RunTqm({"tags", "unsubst", "<$ProjDir>\\plc.cfg", "--project", "D:\\P"}).out);
+    EXPECT_EQ("E:\\Cpu\\x\n", RunTqm({"tags", "unsubst", "<$CpuDir>\\x", "--device", "E:\\Cpu"}).out);
+    EXPECT_TRUE(contains(RunTqm({"tags", "list"}).out, "<$HpLibDir>      " + libs + "\\HP\n"));
 
-    EXPECT_EQ(2, tqm({"tags", "unsubst", "a", "--project"}).exitCode);
+    EXPECT_EQ(2, RunTqm({"tags", "unsubst", "a", "--project"}).exitCode);
 }
 
 TEST_F(TqmSettings, EnvCreateSaysWhatItMade)
@@ -143,18 +119,18 @@ TEST_F(TqmSettings, EnvCreateSaysWhatItMade)
     TQMSetQM5ProfileString(HKEY_LOCAL_MACHINE, "Global", "ProjectsDir", temp.file("Projects").c_str());
     TQMSetQM5ProfileString(HKEY_LOCAL_MACHINE, "Global", "LibsDir", temp.file("Libs").c_str());
     TQMSetQM5ProfileString(HKEY_LOCAL_MACHINE, "Global", "TemplatesDir", temp.file("Templates").c_str());
-    Result r = tqm({"env", "create"});
+    TqmRun r = RunTqm({"env", "create"});
     EXPECT_EQ(0, r.exitCode) << r.err;
     EXPECT_TRUE(contains(r.out, "ProjectsDir   " + temp.file("Projects") + "  [created]\n")) << r.out;
     EXPECT_TRUE(contains(r.out, "AppsDir       " + tqmtest::ProgramDir() + "  [already there]\n")) << r.out;
-    r = tqm({"env", "create"});
+    r = RunTqm({"env", "create"});
     EXPECT_TRUE(contains(r.out, "ProjectsDir   " + temp.file("Projects") + "  [already there]\n")) << r.out;
     EXPECT_FALSE(contains(r.out, "[created]"));
 
-    r = tqm({"env", "copy", "NoSuch.ini"});
+    r = RunTqm({"env", "copy", "NoSuch.ini"});
     EXPECT_EQ(1, r.exitCode);
     EXPECT_EQ(std::string(TQMGetUserDir().GetString()) + "\\NoSuch.ini\n", r.out);
-    EXPECT_EQ(2, tqm({"env", "copy", "sub\\x.ini"}).exitCode);
+    EXPECT_EQ(2, RunTqm({"env", "copy", "sub\\x.ini"}).exitCode);
 }
 
 }  // namespace

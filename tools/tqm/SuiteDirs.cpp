@@ -9,26 +9,20 @@
 namespace tqmtool {
 namespace {
 
-struct Configurable
+struct NamedDir
 {
-    const char* entry;
+    const char* name;  // for the configurable ones, their entry in "Global"
     CString (*get)();
 };
 
-const Configurable kConfigurable[] = {
+const NamedDir kConfigurable[] = {
     {"ProjectsDir", [] { return TQMGetProjectsDir(); }},
     {"LibsDir", [] { return TQMGetLibsDir(); }},
     {"AppsDir", [] { return TQMGetAppsDir(); }},
     {"TemplatesDir", [] { return TQMGetTemplatesDir(); }},
 };
 
-struct Derived
-{
-    const char* name;
-    CString (*get)();
-};
-
-const Derived kDerived[] = {
+const NamedDir kDerived[] = {
     {"LocalDir", [] { return TQMGetLocalDir(); }},
     {"UserDir", [] { return TQMGetUserDir(); }},
     {"UserAppDataDir", [] { return TQMGetUserAppDataDir(); }},
@@ -64,20 +58,20 @@ std::string originOf(const CString& before, const CString& path, const CString& 
 std::vector<SuiteDir> ListSuiteDirs()
 {
     std::vector<SuiteDir> dirs;
-    for (const Configurable& dir : kConfigurable) {
-        const CString before = setting(dir.entry);
+    for (const NamedDir& dir : kConfigurable) {
+        const CString before = setting(dir.name);
         const CString path = dir.get();
-        dirs.push_back({dir.entry, path.GetString(), originOf(before, path, setting(dir.entry))});
+        dirs.push_back({dir.name, path.GetString(), originOf(before, path, setting(dir.name))});
     }
-    for (const Derived& dir : kDerived)
+    for (const NamedDir& dir : kDerived)
         dirs.push_back({dir.name, dir.get().GetString(), std::string()});
     return dirs;
 }
 
 std::string ConfigurableDirEntry(const std::string& name)
 {
-    for (const Configurable& dir : kConfigurable) {
-        const std::string entry = dir.entry;
+    for (const NamedDir& dir : kConfigurable) {
+        const std::string entry = dir.name;
         const std::string shortName = entry.substr(0, entry.size() - 3);  // without "Dir"
         if (!_stricmp(name.c_str(), entry.c_str()) || !_stricmp(name.c_str(), shortName.c_str()))
             return entry;
