@@ -28,33 +28,43 @@ bool fileExists(const CString& path)
     return attributes != INVALID_FILE_ATTRIBUTES && !(attributes & FILE_ATTRIBUTE_DIRECTORY);
 }
 
+// The mirror file, ready to be written: NULL where there is nothing to do.
 // The system's private-profile writer fails where the folder is missing, and
-// on a fresh machine nothing has made the local directory yet: make it, so
-// that the first machine-wide setting already starts the mirror file.
-void ensureFolderOf(const CString& file)
+// on a fresh machine nothing has made the local directory yet: it is made, so
+// that the first machine-wide setting already starts the mirror. A removal
+// from a mirror that does not exist makes nothing: an empty mirror would
+// hide the registry's values from the readers.
+CString mirrorToWrite(bool bRemoval)
 {
+    const CString file = tqm::MachineSettingsFile();
+    if (fileExists(file))
+        return file;
+    if (bRemoval)
+        return CString();
     const CString folder = TQMGetParentDir(file);
     if (!folder.IsEmpty() && ::GetFileAttributesA(folder) == INVALID_FILE_ATTRIBUTES)
         TQMCreateDir(folder);
+    return file;
 }
 
 // The mirror's copy of a number, formatted like every other number the
-// library writes to a profile file.
+// library writes to a profile file. A NULL entry removes the section.
 void writeMirrorInt(const char* lpszSection, const char* lpszEntry, UINT nValue)
 {
-    const CString file = tqm::MachineSettingsFile();
-    ensureFolderOf(file);
+    const CString file = mirrorToWrite(lpszEntry == nullptr);
+    if (file.IsEmpty())
+        return;
     char text[16];
     snprintf(text, sizeof(text), "%d", static_cast<int>(nValue));
-    // A NULL entry removes the section.
     ::WritePrivateProfileStringA(lpszSection, lpszEntry, text, file);
 }
 
+// A NULL entry removes the section, a NULL value the entry.
 void writeMirrorString(const char* lpszSection, const char* lpszEntry, const char* lpszValue)
 {
-    const CString file = tqm::MachineSettingsFile();
-    ensureFolderOf(file);
-    // A NULL entry removes the section, a NULL value the entry.
+    const CString file = mirrorToWrite(lpszEntry == nullptr || lpszValue == nullptr);
+    if (file.IsEmpty())
+        return;
     ::WritePrivateProfileStringA(lpszSection, lpszEntry, lpszValue, file);
 }
 

@@ -151,6 +151,12 @@ TEST_F(QM5Profile, NullEntriesAndValuesRemove)
     EXPECT_FALSE(keyExists(HKEY_LOCAL_MACHINE, SuiteKeyPath() + "\\Tools"));
     EXPECT_TRUE(keyExists(HKEY_LOCAL_MACHINE, SuiteKeyPath()));
 
+    // Without a mirror, removing makes none (it would hide the registry).
+    TQMSetQM5ProfileString(HKEY_LOCAL_MACHINE, "Tools", "Foo", "1");
+    ASSERT_TRUE(DeleteFileA(MirrorFile().c_str()));
+    EXPECT_TRUE(TQMSetQM5ProfileString(HKEY_LOCAL_MACHINE, "Tools", "Foo", nullptr));
+    EXPECT_FALSE(PathExists(MirrorFile()));
+
     TQMSetQM5ProfileInt(HKEY_CURRENT_USER, "Tools", "N", 1);
     EXPECT_TRUE(TQMSetQM5ProfileString(HKEY_CURRENT_USER, "Tools", nullptr, nullptr));
     EXPECT_FALSE(keyExists(HKEY_CURRENT_USER, SuiteKeyPath() + "\\Tools"));
