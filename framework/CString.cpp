@@ -300,8 +300,10 @@ void CString::Format(const char* pszFormat, ...)
 
 void CString::FormatV(const char* pszFormat, va_list args)
 {
-    Empty();
-    AppendFormatV(pszFormat, args);
+    // Formatted apart and moved in, so that an argument may be this string's own text.
+    CString result;
+    result.AppendFormatV(pszFormat, args);
+    *this = static_cast<CString&&>(result);
 }
 
 void CString::AppendFormat(const char* pszFormat, ...)
@@ -322,10 +324,16 @@ void CString::AppendFormatV(const char* pszFormat, va_list args)
     va_end(sizing);
     if (nNeeded <= 0)
         return;
-    int nOld = GetLength();
-    reserve(nOld + nNeeded, true);
-    vsnprintf(m_pszData + nOld, static_cast<size_t>(nNeeded) + 1, pszFormat, args);
-    setLength(nOld + nNeeded);
+    // The new text goes into a buffer of its own first: an argument may point
+    // into this string, whose buffer the append may move or overwrite.
+    CString piece;
+    piece.reserve(nNeeded, false);
+    vsnprintf(piece.m_pszData, static_cast<size_t>(nNeeded) + 1, pszFormat, args);
+    piece.setLength(nNeeded);
+    if (IsEmpty())
+        *this = static_cast<CString&&>(piece);
+    else
+        Append(piece.m_pszData, nNeeded);
 }
 
 // ---------------------------------------------------------------------------

@@ -25,11 +25,16 @@ public:
     int GetUpperBound() const { return GetSize() - 1; }
     bool IsEmpty() const { return m_items.empty(); }
 
-    void SetSize(int nNewSize)
+    // nGrowBy > 0: when the array has to grow, it grows by at least that many
+    // elements (here: room for that many more is made at once, and growth
+    // doubles from there, so appending stays linear).
+    void SetSize(int nNewSize, int nGrowBy = -1)
     {
         if (nNewSize < 0)
             AfxThrowInvalidArgException();
         m_items.resize(static_cast<size_t>(nNewSize));
+        if (nGrowBy > 0)
+            m_items.reserve(static_cast<size_t>(nNewSize) + static_cast<size_t>(nGrowBy));
     }
     void RemoveAll() { m_items.clear(); }
 

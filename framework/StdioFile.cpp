@@ -94,6 +94,16 @@ void CStdioFile::Close()
     }
 }
 
+CStdioFile::~CStdioFile()
+{
+    try {
+        flushWrites();
+    } catch (CException* e) {
+        e->Delete();
+    }
+    Abort();
+}
+
 void CStdioFile::Abort() noexcept
 {
     m_file.reset();

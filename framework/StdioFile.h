@@ -7,12 +7,14 @@
 //
 // Failures while reading, writing or closing throw CFileException* with the
 // system's error code and the file name; Open reports through its pError
-// argument instead. Abort closes without throwing.
+// argument instead. Abort closes without writing and without throwing.
 #pragma once
 
 #include "framework/CString.h"
 #include "framework/Exceptions.h"
 #include "framework/Handles.h"
+
+#include <stddef.h>
 
 #include <vector>
 
@@ -37,7 +39,9 @@ public:
     CStdioFile() = default;
     CStdioFile(const CStdioFile&) = delete;
     CStdioFile& operator=(const CStdioFile&) = delete;
-    ~CStdioFile() { Abort(); }
+    // Writes what is still buffered, as closing would, but never throws: a
+    // caller that must know whether the data arrived calls Close().
+    ~CStdioFile();
 
     // Opens the file; on failure fills *pError (when given) and returns FALSE.
     BOOL Open(const char* pszFileName, UINT nOpenFlags, CFileException* pError = nullptr);

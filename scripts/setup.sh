@@ -21,15 +21,29 @@ if [ -n "$missing" ]; then
 fi
 
 # 32-bit Wine runs the i686 test programs; without it those tests are skipped.
+# A failed attempt is remembered for a day, so that repeated runs stay quick.
+stamp_dir=${XDG_CACHE_HOME:-$HOME/.cache}/tqmlib52
+stamp=$stamp_dir/wine32-unavailable
 if ! dpkg-query -W -f='${Status}' wine32:i386 2>/dev/null | grep -q "install ok installed"; then
-    echo "setup: trying wine32:i386 (optional)"
-    if ! dpkg --print-foreign-architectures | grep -qx i386; then
-        $SUDO dpkg --add-architecture i386 || true
-        $SUDO apt-get update -qq || true
+    if [ -f "$stamp" ] && [ -n "$(find "$stamp" -mmin -1440 2>/dev/null)" ]; then
+        echo "setup: wine32:i386 was not installable today; the i686 tests will be skipped"
+        exit 0
     fi
-    if DEBIAN_FRONTEND=noninteractive $SUDO apt-get install -y -qq --no-install-recommends wine32:i386; then
+    echo "setup: trying wine32:i386 (optional)"
+    mkdir -p "$stamp_dir"
+    log=$stamp_dir/wine32-attempt.log
+    {
+        if ! dpkg --print-foreign-architectures | grep -qx i386; then
+            $SUDO dpkg --add-architecture i386
+            $SUDO apt-get update -qq || true
+        fi
+        DEBIAN_FRONTEND=noninteractive $SUDO apt-get install -y -qq --no-install-recommends wine32:i386
+    } >"$log" 2>&1 && installed=yes || installed=no
+    if [ "$installed" = yes ]; then
+        rm -f "$stamp"
         echo "setup: wine32 installed"
     else
-        echo "setup: wine32:i386 could not be installed; the i686 tests will be skipped"
+        touch "$stamp"
+        echo "setup: wine32:i386 could not be installed (see $log); the i686 tests will be skipped"
     fi
 fi

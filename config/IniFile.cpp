@@ -1,0 +1,695 @@
+// CTQMIniFile - implementation.
+//
+// Nothing thrown inside leaves an exported member: a file error or running
+// out of memory makes the operation fail (0, or nothing stored), and a copy
+// that runs out of memory parks the exception for the inline wrapper.
+#include "config/IniFile.h"
+
+#include "config/FileReplacement.h"
+#include "config/IniSystemFold.h"
+#include "config/logic/IniLineGrammar.h"
+#include "config/logic/IniNameIndex.h"
+#include "config/logic/RecordPool.h"
+#include "framework/StdioFile.h"
+
+#include <stdint.h>
+#include <string.h>
+
+#include <new>
+#include <unordered_map>
+#include <utility>
+
+using tqm::ini::NamePositionIndex;
+using tqm::ini::RecordPool;
+using tqm::ini::SystemNameFold;
+
+struct CTQMIniFileStorage
+{
+    RecordPool pool;
+    NamePositionIndex sections;
+    NamePositionIndex reading;  // the section Read is filling
+    // Only sections with many entries have one, keyed by their record.
+    std::unordered_map<const void*, NamePositionIndex> entries;
+};
+
+namespace {
+
+// Shorter arrays are walked; from this size on a name is found by its hash.
+const int kIndexFrom = 64;
+
+// --- Records ----------------------------------------------------------------
+
+CPtrArray*& entriesOf(void* pRec) { return *static_cast<CPtrArray**>(pRec); }
+char* sectionNameOf(void* pRec) { return static_cast<char*>(pRec) + sizeof(CPtrArray*); }
+
+unsigned entryNameSize(const void* pRec)
+{
+    uint16_t nSize;
+    memcpy(&nSize, pRec, sizeof(nSize));
+    return nSize;
+}
+char* entryNameOf(void* pRec) { return static_cast<char*>(pRec) + sizeof(uint16_t); }
+char* entryValueOf(void* pRec) { return entryNameOf(pRec) + entryNameSize(pRec); }
+
+// Entry arrays make room for this many entries at once: most sections then
+// never have to grow theirs.
+const int kEntriesAtOnce = 32;
+
+// A section's entry array lives in the pool as well (it is a block apart from
+// the section record, as before; only the document frees it).
+CPtrArray* newEntryArray(RecordPool& pool)
+{
+    CPtrArray* pEntries = new (pool.Allocate(sizeof(CPtrArray))) CPtrArray;
+    try {
+        pEntries->SetSize(0, kEntriesAtOnce);
+    } catch (...) {
+        pEntries->~CPtrArray();
+        pool.Free(reinterpret_cast<char*>(pEntries), sizeof(CPtrArray));
+        throw;
+    }
+    return pEntries;
+}
+
+void deleteEntryArray(RecordPool& pool, CPtrArray* pEntries)
+{
+    pEntries->~CPtrArray();
+    pool.Free(reinterpret_cast<char*>(pEntries), sizeof(CPtrArray));
+}
+
+size_t sectionRecordSize(void* pRec) { return sizeof(CPtrArray*) + strlen(sectionNameOf(pRec)) + 1; }
+size_t entryRecordSize(void* pRec)
+{
+    return sizeof(uint16_t) + entryNameSize(pRec) + strlen(entryValueOf(pRec)) + 1;
+}
+
+char* newSectionRecord(RecordPool& pool, const char* pszName)
+{
+    size_t nName = strlen(pszName);
+    char* pRec = pool.Allocate(sizeof(CPtrArray*) + nName + 1);
+    memcpy(sectionNameOf(pRec), pszName, nName + 1);
+    try {
+        entriesOf(pRec) = newEntryArray(pool);
+    } catch (...) {
+        pool.Free(pRec, sizeof(CPtrArray*) + nName + 1);
+        throw;
+    }
+    return pRec;
+}
+
+// The caller has checked that the name fits the 16-bit count.
+char* newEntryRecord(RecordPool& pool, const char* pszName, size_t nName, const char* pszValue, size_t nValue)
+{
+    char* pRec = pool.Allocate(sizeof(uint16_t) + nName + 1 + nValue + 1);
+    uint16_t nSize = static_cast<uint16_t>(nName + 1);
+    memcpy(pRec, &nSize, sizeof(nSize));
+    memcpy(entryNameOf(pRec), pszName, nName);
+    entryNameOf(pRec)[nName] = '\0';
+    memcpy(entryValueOf(pRec), pszValue, nValue);
+    entryValueOf(pRec)[nValue] = '\0';
+    return pRec;
+}
+
+void freeEntryRecord(RecordPool& pool, void* pRec) { pool.Free(static_cast<char*>(pRec), entryRecordSize(pRec)); }
+
+void freeSectionRecord(RecordPool& pool, void* pRec)
+{
+    CPtrArray* pEntries = entriesOf(pRec);
+    for (int i = 0; i < pEntries->GetSize(); ++i)
+        freeEntryRecord(pool, pEntries->GetAt(i));
+    deleteEntryArray(pool, pEntries);
+    pool.Free(static_cast<char*>(pRec), sectionRecordSize(pRec));
+}
+
+// Adds a record to an array; if the array cannot grow, the record goes back.
+int appendRecord(RecordPool& pool, CPtrArray& array, char* pRec, size_t nSize)
+{
+    try {
+        return array.Add(pRec);
+    } catch (...) {
+        pool.Free(pRec, nSize);
+        throw;
+    }
+}
+
+// --- Lookups by name ---------------------------------------------------------
+
+// Brings an index up to the array's size (appends are indexed lazily).
+template <typename NameOf>
+void syncIndex(NamePositionIndex& index, const CPtrArray& array, NameOf nameOf)
+{
+    if (index.Count() > array.GetSize())
+        index.Clear();
+    const tqm::ini::NameFold& fold = SystemNameFold();
+    for (int i = index.Count(); i < array.GetSize(); ++i)
+        index.Append(fold.Hash(nameOf(array.GetData()[i])));
+}
+
+const char* sectionNameAtRecord(void* pRec) { return sectionNameOf(pRec); }
+const char* entryNameAtRecord(void* pRec) { return entryNameOf(pRec); }
+
+// Runs an operation whose only failure is an exception; the failure becomes
+// the given result.
+template <typename Result, typename Operation>
+Result failSafe(Result failure, Operation operation)
+{
+    try {
+        return operation();
+    } catch (CException* e) {
+        e->Delete();
+    } catch (const std::bad_alloc&) {
+    }
+    return failure;
+}
+
+}  // namespace
+
+// --- Construction ------------------------------------------------------------
+
+CTQMIniFile::CTQMIniFile()
+    : m_pSections(nullptr),
+      m_nLine(-1),
+      m_nCurSection(0),
+      m_pCurSection(nullptr),
+      m_pCurEntries(nullptr),
+      m_pszCurSection(nullptr),
+      m_nCurEntry(0),
+      m_pCurEntry(nullptr),
+      m_nCurEntryNameLen(0),
+      m_pszCurEntry(nullptr),
+      m_pszCurValue(nullptr),
+      m_bTolerant(FALSE),
+      m_pStorage(nullptr)
+{
+}
+
+CTQMIniFile::~CTQMIniFile()
+{
+    RemoveAll();
+    delete m_pStorage;
+}
+
+CTQMIniFileStorage& CTQMIniFile::storage()
+{
+    if (!m_pStorage)
+        m_pStorage = new CTQMIniFileStorage;
+    return *m_pStorage;
+}
+
+BOOL CTQMIniFile::copyFrom(const CTQMIniFile& src)
+{
+    RemoveAll();
+    try {
+        m_strFileComment = src.m_strFileComment;
+        if (src.m_pSections) {
+            m_pSections = new CPtrArray;
+            for (int s = 0; s < src.m_pSections->GetSize(); ++s) {
+                void* pSrcSection = src.m_pSections->GetAt(s);
+                appendSection(sectionNameOf(pSrcSection));
+                const CPtrArray& srcEntries = *entriesOf(pSrcSection);
+                for (int e = 0; e < srcEntries.GetSize(); ++e) {
+                    void* pSrcEntry = srcEntries.GetAt(e);
+                    const char* pszValue = entryValueOf(pSrcEntry);
+                    size_t nValue = strlen(pszValue);
+                    size_t nName = entryNameSize(pSrcEntry) - 1;
+                    char* pRec = newEntryRecord(storage().pool, entryNameOf(pSrcEntry), nName, pszValue, nValue);
+                    appendRecord(storage().pool, *m_pCurEntries, pRec, sizeof(uint16_t) + nName + nValue + 2);
+                }
+            }
+        }
+        m_nLine = src.m_nLine;
+        m_bTolerant = src.m_bTolerant;
+        resetCursor();
+        return TRUE;
+    } catch (CException* e) {
+        RemoveAll();
+        tqm::DeferException(e);
+    } catch (const std::bad_alloc&) {
+        RemoveAll();
+        tqm::DeferException(new CMemoryException);
+    }
+    return FALSE;
+}
+
+void CTQMIniFile::RemoveAll() { clearContents(false); }
+
+void CTQMIniFile::clearContents(bool bKeepMemory)
+{
+    m_strFileComment.Empty();
+    m_nLine = -1;
+    if (m_pSections) {
+        // The records go with the pool, all at once; the entry arrays' own
+        // memory one by one.
+        for (int i = 0; i < m_pSections->GetSize(); ++i)
+            entriesOf(m_pSections->GetAt(i))->~CPtrArray();
+        delete m_pSections;
+        m_pSections = nullptr;
+    }
+    if (m_pStorage) {
+        if (bKeepMemory)
+            m_pStorage->pool.Reset();
+        else
+            m_pStorage->pool.Release();
+        m_pStorage->sections.Clear();
+        m_pStorage->entries.clear();
+    }
+    resetCursor();
+}
+
+void CTQMIniFile::resetCursor()
+{
+    m_nCurSection = 0;
+    m_pCurSection = nullptr;
+    m_pCurEntries = nullptr;
+    m_pszCurSection = nullptr;
+    m_nCurEntry = 0;
+    m_pCurEntry = nullptr;
+    m_nCurEntryNameLen = 0;
+    m_pszCurEntry = nullptr;
+    m_pszCurValue = nullptr;
+}
+
+// --- Reading -----------------------------------------------------------------
+
+int CTQMIniFile::Read(const char* pszPath)
+{
+    // As RemoveAll, but the memory of the old contents is kept for the new.
+    clearContents(true);
+    if (!pszPath)
+        return 0;
+    CStdioFile file;
+    if (!file.Open(pszPath, CStdioFile::modeRead | CStdioFile::typeText))
+        return 0;
+    return failSafe(0, [&] {
+        m_pSections = new CPtrArray;
+        m_pCurEntries = nullptr;
+        int nResult = readLines(file);
+        file.Close();
+        return nResult;
+    });
+}
+
+int CTQMIniFile::readLines(CStdioFile& file)
+{
+    int nResult = readLinesInto(file);
+    finishReadSection();
+    return nResult;
+}
+
+int CTQMIniFile::readLinesInto(CStdioFile& file)
+{
+    using namespace tqm::ini;
+    storage().reading.Clear();
+    bool bHeadComment = true;
+    char line[kLineBufferSize];
+    while (file.ReadString(line, sizeof(line))) {
+        ++m_nLine;
+        char* p = skipwhite(line);
+        LineKind kind = ClassifyLine(p, Reader::Document);
+        if (kind == LineKind::Comment) {
+            if (bHeadComment)
+                m_strFileComment += line;  // the raw line, leading blanks and line end included
+            continue;
+        }
+        // The head comment ends at the first other line, an empty one included.
+        bHeadComment = false;
+        if (kind == LineKind::Empty)
+            continue;
+
+        if (kind == LineKind::Header) {
+            if (char* pszName = ParseHeaderName(p)) {
+                finishReadSection();
+                appendSection(pszName);
+            } else if (!m_bTolerant) {
+                return 0;
+            }
+            continue;
+        }
+
+        char* pszName = nullptr;
+        char* pszValue = nullptr;
+        if (m_pCurEntries && ParseEntryLine(p, &pszName, &pszValue) == EntryParse::Ok)
+            storeReadEntry(pszName, pszValue);
+        else if (!m_bTolerant)
+            return 0;  // an entry before the first header, without "=", or without a name
+    }
+    return 1;
+}
+
+// --- Writing -----------------------------------------------------------------
+
+int CTQMIniFile::Write(const char* pszPath)
+{
+    if (!pszPath || !*pszPath)
+        return 0;
+    return failSafe(0, [&] {
+        tqm::FileReplacement target(pszPath);
+        if (!target.Begin())
+            return 0;
+        CStdioFile file;
+        if (!file.Open(target.TempPath(), CStdioFile::modeCreate | CStdioFile::modeWrite | CStdioFile::typeText))
+            return 0;
+
+        if (!m_strFileComment.IsEmpty()) {
+            file.WriteString(m_strFileComment);
+            file.WriteString("\n");
+        }
+        // Each line is formatted by wsprintfA, whose output stops at 1024
+        // characters with the NUL: a longer entry line is cut there and loses
+        // its line end. The limit is kept deliberately; files written by the
+        // suite have always had it.
+        char line[1024];
+        int nSections = m_pSections ? m_pSections->GetSize() : 0;  // never filled: the comment alone
+        for (int s = 0; s < nSections; ++s) {
+            void* pSection = m_pSections->GetAt(s);
+            wsprintfA(line, "[%s]\n", sectionNameOf(pSection));
+            line[sizeof(line) - 1] = '\0';
+            file.WriteString(line);
+            const CPtrArray& entries = *entriesOf(pSection);
+            for (int e = 0; e < entries.GetSize(); ++e) {
+                void* pEntry = entries.GetAt(e);
+                wsprintfA(line, "%s=%s\n", entryNameOf(pEntry), entryValueOf(pEntry));
+                line[sizeof(line) - 1] = '\0';
+                file.WriteString(line);
+            }
+            file.WriteString("\n");
+        }
+        file.Close();
+        return target.Commit() ? 1 : 0;
+    });
+}
+
+// --- The comment ---------------------------------------------------------------
+
+int CTQMIniFile::SetFileComment(const char* pszText)
+{
+    if (!pszText || !*pszText) {
+        // The comment is cleared, yet the result is 0: callers rely on it.
+        m_strFileComment.Empty();
+        return 0;
+    }
+    // "//" is not accepted here although Read keeps such lines; only the first
+    // and the last character are looked at.
+    if (pszText[0] != '#' && pszText[0] != ';')
+        return 0;
+    if (pszText[strlen(pszText) - 1] != '\n')
+        return 0;
+    return failSafe(0, [&] {
+        m_strFileComment = pszText;
+        return 1;
+    });
+}
+
+const char* CTQMIniFile::GetFileComment() const { return m_strFileComment; }
+
+int CTQMIniFile::GetErrLine() const { return m_nLine; }
+
+// --- Values ------------------------------------------------------------------
+
+const char* CTQMIniFile::GetEntryValue(const char* pszSection, const char* pszEntry)
+{
+    return GetEntryValue(pszSection, pszEntry, "");
+}
+
+const char* CTQMIniFile::GetEntryValue(const char* pszSection, const char* pszEntry, const char* pszDefault)
+{
+    if (findSection(pszSection) && findEntry(pszEntry))
+        return m_pszCurValue;
+    return pszDefault;
+}
+
+const char* CTQMIniFile::entryValueAt(int nSection, int nEntry, const char* pszDefault)
+{
+    if (selectSectionAt(nSection) && selectEntryAt(nEntry))
+        return m_pszCurValue;
+    return pszDefault;
+}
+
+const char* CTQMIniFile::entryValueIn(int nSection, const char* pszEntry)
+{
+    if (selectSectionAt(nSection) && findEntry(pszEntry))
+        return m_pszCurValue;
+    return "";
+}
+
+int CTQMIniFile::SetEntryValue(const char* pszSection, const char* pszEntry, const char* pszValue)
+{
+    if (!pszSection || strpbrk(pszSection, "=[]\n\r"))
+        return 0;
+    if (pszEntry && strpbrk(pszEntry, "=\n\r"))
+        return 0;
+    return failSafe(0, [&] {
+        int nSection = m_pSections ? positionOfSection(pszSection) : -1;
+        if (nSection >= 0)
+            selectSectionAt(nSection);
+        else
+            appendSection(pszSection);
+        if (pszEntry)
+            storeEntry(pszEntry, pszValue ? pszValue : "");
+        return 1;
+    });
+}
+
+int CTQMIniFile::RemoveSection(const char* pszSection)
+{
+    if (!findSection(pszSection))
+        return 0;
+    int nSection = m_nCurSection;
+    void* pRec = m_pCurSection;
+    m_pStorage->sections.Clear();  // the positions behind the gap move
+    m_pStorage->entries.erase(pRec);
+    m_pSections->RemoveAt(nSection);
+    freeSectionRecord(m_pStorage->pool, pRec);
+    resetCursor();
+    return 1;
+}
+
+int CTQMIniFile::RemoveEntry(const char* pszSection, const char* pszEntry)
+{
+    if (!findSection(pszSection) || !findEntry(pszEntry))
+        return 0;
+    m_pStorage->entries.erase(m_pCurSection);
+    m_pCurEntries->RemoveAt(m_nCurEntry);
+    freeEntryRecord(m_pStorage->pool, m_pCurEntry);
+    resetCursor();
+    return 1;
+}
+
+// --- Structure -----------------------------------------------------------------
+
+int CTQMIniFile::GetNumSections() const { return m_pSections ? m_pSections->GetSize() : 0; }
+
+int CTQMIniFile::GetNumEntries(const char* pszSection)
+{
+    return findSection(pszSection) ? m_pCurEntries->GetSize() : 0;
+}
+
+int CTQMIniFile::numEntriesAt(int nSection) { return selectSectionAt(nSection) ? m_pCurEntries->GetSize() : 0; }
+
+const char* CTQMIniFile::sectionNameAt(int nSection) { return selectSectionAt(nSection) ? m_pszCurSection : ""; }
+
+const char* CTQMIniFile::entryNameAt(int nSection, int nEntry)
+{
+    return selectSectionAt(nSection) && selectEntryAt(nEntry) ? m_pszCurEntry : "";
+}
+
+int CTQMIniFile::GetSectionIndex(const char* pszSection) { return findSection(pszSection) ? m_nCurSection : -1; }
+
+int CTQMIniFile::entryIndexIn(int nSection, const char* pszEntry)
+{
+    return selectSectionAt(nSection) && findEntry(pszEntry) ? m_nCurEntry : -1;
+}
+
+int CTQMIniFile::GetEntryIndex(const char* pszSection, const char* pszEntry)
+{
+    return findSection(pszSection) && findEntry(pszEntry) ? m_nCurEntry : -1;
+}
+
+// --- Protected implementation --------------------------------------------------
+
+char* CTQMIniFile::skipwhite(char* p) { return tqm::ini::SkipBlanks(p); }
+
+int CTQMIniFile::trimwhite(char* start, char* end) { return tqm::ini::TrimBlanks(start, end) ? 1 : 0; }
+
+int CTQMIniFile::findSection(const char* pszName)
+{
+    if (!pszName || !m_pSections)
+        return 0;
+    int n = failSafe(-1, [&] { return positionOfSection(pszName); });
+    return n >= 0 ? selectSectionAt(n) : 0;
+}
+
+int CTQMIniFile::findEntry(const char* pszName)
+{
+    if (!pszName || !m_pCurEntries)
+        return 0;
+    int n = failSafe(-1, [&] { return positionOfEntry(pszName); });
+    return n >= 0 ? selectEntryAt(n) : 0;
+}
+
+int CTQMIniFile::selectSectionAt(int nIndex)
+{
+    if (!m_pSections || nIndex < 0 || nIndex >= m_pSections->GetSize())
+        return 0;
+    char* pRec = static_cast<char*>(m_pSections->GetAt(nIndex));
+    m_nCurSection = nIndex;
+    m_pCurSection = pRec;
+    m_pCurEntries = entriesOf(pRec);
+    m_pszCurSection = sectionNameOf(pRec);
+    return 1;
+}
+
+int CTQMIniFile::selectEntryAt(int nIndex)
+{
+    if (!m_pCurEntries || nIndex < 0 || nIndex >= m_pCurEntries->GetSize())
+        return 0;
+    char* pRec = static_cast<char*>(m_pCurEntries->GetAt(nIndex));
+    m_nCurEntry = nIndex;
+    m_pCurEntry = pRec;
+    m_nCurEntryNameLen = static_cast<int>(entryNameSize(pRec));
+    m_pszCurEntry = entryNameOf(pRec);
+    m_pszCurValue = entryValueOf(pRec);
+    return 1;
+}
+
+void CTQMIniFile::addSection(const char* pszName)
+{
+    if (pszName)
+        failSafe(0, [&] {
+            appendSection(pszName);
+            return 0;
+        });
+}
+
+void CTQMIniFile::addEntry(const char* pszName, const char* pszValue)
+{
+    if (pszName && m_pCurEntries)
+        failSafe(0, [&] {
+            storeEntry(pszName, pszValue ? pszValue : "");
+            return 0;
+        });
+}
+
+// --- Private helpers (they may throw; the members above catch) ----------------
+
+int CTQMIniFile::positionOfSection(const char* pszName)
+{
+    const tqm::ini::NameFold& fold = SystemNameFold();
+    const CPtrArray& sections = *m_pSections;
+    void* const* pRecs = sections.GetData();
+    int nCount = sections.GetSize();
+    if (nCount < kIndexFrom) {
+        for (int i = 0; i < nCount; ++i) {
+            if (fold.Equal(sectionNameOf(pRecs[i]), pszName))
+                return i;
+        }
+        return -1;
+    }
+    NamePositionIndex& index = storage().sections;
+    syncIndex(index, sections, sectionNameAtRecord);
+    return index.FindFirst(fold.Hash(pszName),
+                           [&](int n) { return fold.Equal(sectionNameOf(pRecs[n]), pszName); });
+}
+
+int CTQMIniFile::positionOfEntry(const char* pszName)
+{
+    const tqm::ini::NameFold& fold = SystemNameFold();
+    const CPtrArray& entries = *m_pCurEntries;
+    void* const* pRecs = entries.GetData();
+    int nCount = entries.GetSize();
+    // Byte-wise folding keeps lengths, so the stored name size rules most out.
+    unsigned nSize = static_cast<unsigned>(strlen(pszName)) + 1;
+    // Numbered names (File0, File1, ...) differ last: compare that character first.
+    unsigned char last = nSize > 1 ? fold(pszName[nSize - 2]) : 0;
+    auto matches = [&](int n) {
+        const char* pszStored = entryNameOf(pRecs[n]);
+        return entryNameSize(pRecs[n]) == nSize && (nSize < 2 || fold(pszStored[nSize - 2]) == last) &&
+               fold.Equal(pszStored, pszName);
+    };
+    if (nCount < kIndexFrom) {
+        for (int i = 0; i < nCount; ++i) {
+            if (matches(i))
+                return i;
+        }
+        return -1;
+    }
+    NamePositionIndex& index = storage().entries[m_pCurSection];
+    syncIndex(index, entries, entryNameAtRecord);
+    return index.FindFirst(fold.Hash(pszName), matches);
+}
+
+void CTQMIniFile::appendSection(const char* pszName)
+{
+    if (!m_pSections)
+        m_pSections = new CPtrArray;
+    RecordPool& pool = storage().pool;
+    char* pRec = newSectionRecord(pool, pszName);
+    try {
+        m_pSections->Add(pRec);
+    } catch (...) {
+        deleteEntryArray(pool, entriesOf(pRec));
+        pool.Free(pRec, sectionRecordSize(pRec));
+        throw;
+    }
+    selectSectionAt(m_pSections->GetUpperBound());
+}
+
+void CTQMIniFile::storeEntry(const char* pszName, const char* pszValue)
+{
+    putEntry(positionOfEntry(pszName), pszName, pszValue);
+}
+
+int CTQMIniFile::putEntry(int nFound, const char* pszName, const char* pszValue)
+{
+    if (nFound >= 0)
+        selectEntryAt(nFound);
+    size_t nName = strlen(pszName);
+    size_t nValue = strlen(pszValue);
+    // Too long: nothing is stored, and an entry it would replace keeps its value.
+    if (nName + nValue > static_cast<size_t>(tqm::ini::kMaxEntryText))
+        return -1;
+    RecordPool& pool = storage().pool;
+    if (nFound < 0) {
+        char* pRec = newEntryRecord(pool, pszName, nName, pszValue, nValue);
+        int nAdded = appendRecord(pool, *m_pCurEntries, pRec, sizeof(uint16_t) + nName + nValue + 2);
+        selectEntryAt(nAdded);
+        return nAdded;
+    }
+    // A replacement keeps its place and the spelling of the name it replaces
+    // (key=1 then KEY=2 leaves key=2). The new record is made before the old
+    // one goes, as the new value may be a pointer into it.
+    char* pOld = m_pCurEntry;
+    m_pCurEntries->SetAt(nFound, newEntryRecord(pool, m_pszCurEntry, nName, pszValue, nValue));
+    freeEntryRecord(pool, pOld);
+    selectEntryAt(nFound);
+    return nFound;
+}
+
+// Read adds entries only to the section it read last, so it keeps the names
+// of that section in an index of its own as they come: every entry line looks
+// its name up (a later entry replaces an earlier one), and a walk through a
+// section of 100,000 entries would make reading it quadratic.
+void CTQMIniFile::storeReadEntry(const char* pszName, const char* pszValue)
+{
+    const tqm::ini::NameFold& fold = SystemNameFold();
+    NamePositionIndex& reading = storage().reading;
+    void* const* pRecs = m_pCurEntries->GetData();
+    unsigned nSize = static_cast<unsigned>(strlen(pszName)) + 1;
+    uint32_t hash = fold.Hash(pszName);
+    int nFound = reading.FindFirst(hash, [&](int n) {
+        return entryNameSize(pRecs[n]) == nSize && fold.Equal(entryNameOf(pRecs[n]), pszName);
+    });
+    if (putEntry(nFound, pszName, pszValue) >= 0 && nFound < 0)
+        reading.Append(hash);
+}
+
+// The section Read was filling is complete: a long one keeps the index Read
+// made of it for the lookups to come.
+void CTQMIniFile::finishReadSection()
+{
+    if (!m_pStorage)
+        return;
+    NamePositionIndex& reading = m_pStorage->reading;
+    if (m_pCurEntries && reading.Count() == m_pCurEntries->GetSize() && reading.Count() >= kIndexFrom)
+        m_pStorage->entries[m_pCurSection] = std::move(reading);
+    reading.Clear();
+}

@@ -1,0 +1,142 @@
+// CStringArray, CPtrArray, CStringList: order, growth, and the bounds checks
+// that callers rely on to turn a negative index into CInvalidArgException.
+#include "framework/Collections.h"
+
+#include "support/ExpectInvalidArg.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace {
+
+using tqmtest::ExpectInvalidArg;
+
+std::vector<std::string> itemsOf(const CStringList& list)
+{
+    std::vector<std::string> items;
+    for (POSITION pos = list.GetHeadPosition(); pos;)
+        items.push_back(list.GetNext(pos).GetString());
+    return items;
+}
+
+TEST(CStringArray, AddInsertRemoveKeepOrder)
+{
+    CStringArray a;
+    EXPECT_EQ(0, a.Add("b"));
+    EXPECT_EQ(1, a.Add(CString("d")));
+    a.InsertAt(0, "a");
+    a.InsertAt(2, "c");
+    ASSERT_EQ(4, a.GetSize());
+    EXPECT_STREQ("a", a[0]);
+    EXPECT_STREQ("c", a.GetAt(2));
+    EXPECT_EQ(3, a.GetUpperBound());
+    a.RemoveAt(1, 2);
+    EXPECT_EQ(2, a.GetCount());
+    EXPECT_STREQ("d", a[1]);
+    a.SetAtGrow(4, "e");
+    EXPECT_EQ(5, a.GetSize());
+    EXPECT_STREQ("", a[3]);
+    a[3] = "x";
+    EXPECT_STREQ("x", a.ElementAt(3));
+
+    CStringArray b;
+    b.Copy(a);
+    b.Append(a);
+    EXPECT_EQ(10, b.GetSize());
+    b.RemoveAll();
+    EXPECT_TRUE(b.IsEmpty());
+}
+
+TEST(CStringArray, OutOfRangeAccessThrowsInvalidArg)
+{
+    CStringArray a;
+    a.Add("only");
+    ExpectInvalidArg([&] { a.GetAt(-1); }, "GetAt(-1)");
+    ExpectInvalidArg([&] { a.GetAt(1); }, "GetAt(size)");
+    ExpectInvalidArg([&] { a[-1] = "x"; }, "operator[](-1)");
+    ExpectInvalidArg([&] { a.SetAt(5, "x"); }, "SetAt beyond the end");
+    ExpectInvalidArg([&] { a.RemoveAt(0, 2); }, "RemoveAt past the end");
+    ExpectInvalidArg([&] { a.InsertAt(-1, "x"); }, "InsertAt(-1)");
+    ExpectInvalidArg([&] { a.SetAtGrow(-1, "x"); }, "SetAtGrow(-1)");
+    ExpectInvalidArg([&] { a.SetSize(-1); }, "SetSize(-1)");
+    EXPECT_EQ(1, a.GetSize());  // nothing changed on the way
+}
+
+TEST(CPtrArray, HoldsPointersByPosition)
+{
+    int x = 1, y = 2;
+    CPtrArray a;
+    a.Add(&x);
+    a.Add(&y);
+    a.RemoveAt(0);
+    EXPECT_EQ(&y, a[0]);
+    ExpectInvalidArg([&] { a.GetAt(1); }, "CPtrArray GetAt(size)");
+}
+
+TEST(CStringList, WalkInsertAndRemove)
+{
+    CStringList list;
+    POSITION b = list.AddTail("b");
+    list.AddHead("a");
+    list.AddTail("d");
+    list.InsertAfter(b, "c");
+    list.InsertBefore(list.GetHeadPosition(), "0");
+    EXPECT_EQ((std::vector<std::string>{"0", "a", "b", "c", "d"}), itemsOf(list));
+    EXPECT_EQ(5, list.GetCount());
+
+    list.RemoveAt(b);
+    EXPECT_STREQ("0", list.RemoveHead());
+    EXPECT_STREQ("d", list.RemoveTail());
+    EXPECT_EQ((std::vector<std::string>{"a", "c"}), itemsOf(list));
+
+    // Walking backwards.
+    std::vector<std::string> back;
+    for (POSITION pos = list.GetTailPosition(); pos;)
+        back.push_back(list.GetPrev(pos).GetString());
+    EXPECT_EQ((std::vector<std::string>{"c", "a"}), back);
+}
+
+TEST(CStringList, FindIsCaseSensitiveAndResumes)
+{
+    CStringList list;
+    list.AddTail("x");
+    list.AddTail("X");
+    list.AddTail("x");
+    POSITION first = list.Find("x");
+    ASSERT_NE(nullptr, first);
+    POSITION second = list.Find("x", first);
+    ASSERT_NE(nullptr, second);
+    EXPECT_EQ(list.FindIndex(2), second);
+    EXPECT_EQ(nullptr, list.Find("x", second));
+    EXPECT_EQ(list.FindIndex(1), list.Find("X"));
+    EXPECT_EQ(nullptr, list.FindIndex(3));
+    EXPECT_EQ(nullptr, list.FindIndex(-1));
+}
+
+TEST(CStringList, CopyAndSelfAppend)
+{
+    CStringList list;
+    list.AddTail("a");
+    list.AddTail("b");
+    list.AddTail(list);
+    EXPECT_EQ((std::vector<std::string>{"a", "b", "a", "b"}), itemsOf(list));
+    CStringList copy(list);
+    copy.SetAt(copy.GetHeadPosition(), "z");
+    EXPECT_STREQ("a", list.GetHead());
+    list = copy;
+    EXPECT_STREQ("z", list.GetHead());
+    EXPECT_STREQ("b", list.GetTail());
+}
+
+TEST(CStringList, EmptyListAccessThrowsInvalidArg)
+{
+    CStringList list;
+    ExpectInvalidArg([&] { list.GetHead(); }, "GetHead");
+    ExpectInvalidArg([&] { list.RemoveTail(); }, "RemoveTail");
+    ExpectInvalidArg([&] { list.GetAt(nullptr); }, "GetAt(NULL)");
+    EXPECT_TRUE(list.IsEmpty());
+}
+
+}  // namespace
