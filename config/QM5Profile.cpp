@@ -1,12 +1,12 @@
 // The suite's settings in the registry, with the machine-wide mirror file.
 #include "config/QM5Profile.h"
 
+#include "config/Profile.h"
 #include "config/SuiteKey.h"
 #include "diag/TarnAssert.h"
 #include "paths/InstallDirs.h"
 #include "paths/PathNames.h"
 
-#include <stdio.h>
 #include <string.h>
 
 #undef TARN_SOURCE
@@ -47,16 +47,14 @@ CString mirrorToWrite(bool bRemoval)
     return file;
 }
 
-// The mirror's copy of a number, formatted like every other number the
+// The mirror's copy of a number, signed in decimal like every number the
 // library writes to a profile file. A NULL entry removes the section.
 void writeMirrorInt(const char* lpszSection, const char* lpszEntry, UINT nValue)
 {
     const CString file = mirrorToWrite(lpszEntry == nullptr);
     if (file.IsEmpty())
         return;
-    char text[16];
-    snprintf(text, sizeof(text), "%d", static_cast<int>(nValue));
-    ::WritePrivateProfileStringA(lpszSection, lpszEntry, text, file);
+    WritePrivateProfileInt(lpszSection, lpszEntry, static_cast<int>(nValue), file);
 }
 
 // A NULL entry removes the section, a NULL value the entry.
