@@ -1,0 +1,185 @@
+// The installation directories: shell folders with the suite's subfolder,
+// the derived paths, and the configurable four with their defaults written
+// back to the machine-wide settings.
+#include "paths/InstallDirs.h"
+
+#include "config/QM5Profile.h"
+
+#include "support/BoxRecorder.h"
+#include "support/FileUtil.h"
+#include "support/FixtureFiles.h"
+#include "support/SuiteSettingsGuard.h"
+
+#include <gtest/gtest.h>
+
+#include <shlobj.h>
+#include <string.h>
+
+#include <string>
+
+namespace {
+
+using tqmtest::MirrorFile;
+
+const std::string kSubfolder = "\\Tarn-Holmvik\\QM5_20";
+
+std::string shellFolder(int csidl)
+{
+    char folder[MAX_PATH] = "";
+    SHGetFolderPathA(nullptr, csidl, nullptr, 0, folder);
+    return folder;
+}
+
+std::string parentOf(const std::string& path) { return path.substr(0, path.rfind('\\')); }
+
+std::string mirrorEntry(const char* entry)
+{
+    char value[512] = "";
+    GetPrivateProfileStringA("Global", entry, "<none>", value, sizeof(value), MirrorFile().c_str());
+    return value;
+}
+
+// Calls a buffer form on a sentinel-filled buffer; checks that it wrote a
+// terminated string of the length it returned and nothing after it.
+std::string viaBuffer(int(WINAPI* bufferForm)(char*))
+{
+    char buffer[MAX_PATH + 64];
+    memset(buffer, '#', sizeof(buffer));
+    const int length = bufferForm(buffer);
+    EXPECT_EQ(static_cast<int>(strlen(buffer)), length);
+    EXPECT_EQ('#', buffer[length + 1]);
+    return buffer;
+}
+
+TEST(InstallDirs, ShellFoldersGetTheSuitesSubfolder)
+{
+    struct Case
+    {
+        int(WINAPI* bufferForm)(char*);
+        CString (*stringForm)();
+        std::string expected;
+    } cases[] = {
+        {TQMGetUserDir, [] { return TQMGetUserDir(); }, shellFolder(CSIDL_LOCAL_APPDATA) + kSubfolder},
+        {TQMGetUserLocalAppDataDir, [] { return TQMGetUserLocalAppDataDir(); },
+         shellFolder(CSIDL_LOCAL_APPDATA) + kSubfolder},
+        {TQMGetUserAppDataDir, [] { return TQMGetUserAppDataDir(); }, shellFolder(CSIDL_APPDATA) + kSubfolder},
+        {TQMGetCommonAppDataDir, [] { return TQMGetCommonAppDataDir(); },
+         shellFolder(CSIDL_COMMON_APPDATA) + kSubfolder},
+        // Beside the documents folders, not in them.
+        {TQMGetUserDocumentsDir, [] { return TQMGetUserDocumentsDir(); },
+         parentOf(shellFolder(CSIDL_PERSONAL)) + kSubfolder},
+        {TQMGetCommonDocumentsDir, [] { return TQMGetCommonDocumentsDir(); },
+         parentOf(shellFolder(CSIDL_COMMON_DOCUMENTS)) + kSubfolder},
+        {TQMGetDocsDir, [] { return TQMGetDocsDir(); }, parentOf(shellFolder(CSIDL_COMMON_DOCUMENTS)) + kSubfolder},
+        {TQMGetLocalDir, [] { return TQMGetLocalDir(); },
+         parentOf(shellFolder(CSIDL_COMMON_DOCUMENTS)) + kSubfolder + "\\LocalDir"},
+        {TQMGetVMXOptionsFilePath, [] { return TQMGetVMXOptionsFilePath(); },
+         shellFolder(CSIDL_LOCAL_APPDATA) + kSubfolder + "\\VMXOptions.ini"},
+    };
+    for (const Case& c : cases) {
+        EXPECT_EQ(c.expected, viaBuffer(c.bufferForm));
+        EXPECT_EQ(c.expected, c.stringForm().GetString());
+        EXPECT_EQ(':', c.expected[1]) << c.expected;  // every shell folder is known here
+    }
+    EXPECT_EQ("Tarn-Holmvik\\QM5\\2.0", viaBuffer(TQMGetQM5BaseRegistryKey));
+    EXPECT_STREQ("Tarn-Holmvik\\QM5\\2.0", TQMGetQM5BaseRegistryKey());
+
+    char temp[MAX_PATH] = "";
+    GetTempPathA(MAX_PATH, temp);
+    GetLongPathNameA(temp, temp, MAX_PATH);
+    char buffer[MAX_PATH];
+    EXPECT_EQ(buffer, TQMGetTempDir(buffer));
+    EXPECT_EQ(std::string(temp) + "Tarn-Holmvik", buffer);
+    EXPECT_STREQ(buffer, TQMGetTempDir());
+}
+
+class ConfigurableDirs : public testing::Test
+{
+protected:
+    tqmtest::SuiteSettingsGuard guard;
+};
+
+TEST_F(ConfigurableDirs, AMissingSettingGivesTheDefaultAndWritesItBack)
+{
+    const std::string common = TQMGetCommonDocumentsDir().GetString();
+    struct Case
+    {
+        const char* entry;
+        int(WINAPI* bufferForm)(char*);
+        std::string expected;
+    } cases[] = {
+        {"ProjectsDir", TQMGetProjectsDir, common + "\\Projects"},
+        {"LibsDir", TQMGetLibsDir, common + "\\Libs"},
+        {"TemplatesDir", TQMGetTemplatesDir, common + "\\Templates"},
+        {"AppsDir", TQMGetAppsDir, tqmtest::ProgramDir()},  // the folder of the library
+    };
+    for (const Case& c : cases) {
+        EXPECT_EQ(c.expected, viaBuffer(c.bufferForm)) << c.entry;
+        EXPECT_EQ(c.expected, mirrorEntry(c.entry));
+        EXPECT_STREQ(c.expected.c_str(), TQMGetQM5ProfileString(HKEY_LOCAL_MACHINE, "Global", c.entry, ""));
+    }
+    char qm4[MAX_PATH];
+    EXPECT_EQ(qm4, GetQM4ProjectsDir(qm4));
+    EXPECT_EQ(common + "\\Projects\\", qm4);
+    EXPECT_EQ(tqmtest::ProgramDir() + "\\", GetQM4AppsDir(qm4));
+    EXPECT_EQ(std::string(TQMGetLocalDir().GetString()) + "\\", GetQM4LocalDir(qm4));
+
+    // Once written back, it is the setting that answers.
+    TQMSetQM5ProfileString(HKEY_LOCAL_MACHINE, "Global", "LibsDir", "D:\\Moved\\Libs");
+    EXPECT_STREQ("D:\\Moved\\Libs", TQMGetLibsDir());
+}
+
+TEST_F(ConfigurableDirs, TrailingBackslashesAreTrimmedAndBackslashesAloneCountAsEmpty)
+{
+    TQMSetQM5ProfileString(HKEY_LOCAL_MACHINE, "Global", "ProjectsDir", "D:\\Work\\\\");
+    TQMSetQM5ProfileString(HKEY_LOCAL_MACHINE, "Global", "TemplatesDir", "\\\\\\");
+    EXPECT_STREQ("D:\\Work", TQMGetProjectsDir());
+    EXPECT_EQ("D:\\Work\\\\", mirrorEntry("ProjectsDir")) << "a setting in use is not rewritten";
+    const std::string templates = std::string(TQMGetCommonDocumentsDir().GetString()) + "\\Templates";
+    EXPECT_EQ(templates, TQMGetTemplatesDir().GetString());
+    EXPECT_EQ(templates, mirrorEntry("TemplatesDir"));
+}
+
+TEST_F(ConfigurableDirs, WithoutTheMirrorTheRegistryAnswers)
+{
+    TQMSetQM5ProfileString(HKEY_LOCAL_MACHINE, "Global", "LibsDir", "D:\\Libs");
+    ASSERT_TRUE(DeleteFileA(MirrorFile().c_str()));
+    EXPECT_STREQ("D:\\Libs", TQMGetLibsDir());
+    EXPECT_FALSE(tqmtest::PathExists(MirrorFile())) << "nothing was written back";
+}
+
+TEST_F(ConfigurableDirs, ADirectoryTooLongForMaxPathIsReportedAndCopiedWhole)
+{
+    const std::string longDir = "D:\\" + std::string(296, 'x');
+    TQMSetQM5ProfileString(HKEY_LOCAL_MACHINE, "Global", "ProjectsDir", longDir.c_str());
+    EXPECT_EQ(longDir, TQMGetProjectsDir().GetString());
+
+    tqmtest::BoxRecorder boxes;
+    char buffer[400];
+    EXPECT_EQ(299, TQMGetProjectsDir(buffer));
+    EXPECT_EQ(longDir, buffer);
+    ASSERT_EQ(1u, boxes.count());
+    EXPECT_NE(std::string::npos, boxes.last().text.find("strDir.GetLength() < MAX_PATH"));
+    EXPECT_NE(std::string::npos, boxes.last().text.find("Misc"));
+}
+
+TEST_F(ConfigurableDirs, VmxOptionsComeFromTheUsersOptionsFile)
+{
+    char value[64];
+    memset(value, '#', sizeof(value));
+    EXPECT_EQ(0u, TQMGetVMXOption("Language", value, sizeof(value)));
+    EXPECT_STREQ("", value);
+
+    const std::string file = TQMGetVMXOptionsFilePath().GetString();
+    CreateDirectoryA(TQMGetUserDir(), nullptr);
+    ASSERT_TRUE(tqmtest::WriteBytes(file, "[VMX]\r\nLanguage=de\r\nTitle=Project manager\r\n"));
+    EXPECT_EQ(2u, TQMGetVMXOption("Language", value, sizeof(value)));
+    EXPECT_STREQ("de", value);
+    EXPECT_EQ(4u, TQMGetVMXOption("Title", value, 5)) << "cut to the buffer";
+    EXPECT_STREQ("Proj", value);
+    EXPECT_EQ(0u, TQMGetVMXOption("Missing", value, sizeof(value)));
+    EXPECT_STREQ("", value);
+    DeleteFileA(file.c_str());
+}
+
+}  // namespace

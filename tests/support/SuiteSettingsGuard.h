@@ -1,0 +1,64 @@
+// SuiteSettingsGuard - a clean slate of the suite's settings for one test.
+//
+// While a guard lives, the suite's keys (Software\Tarn-Holmvik in both hives,
+// in the 32-bit view the library uses) and the machine-wide mirror file
+// QM5Global.ini are gone; when it ends, whatever the test made there is
+// removed and what was there before (a demo's settings, say) comes back. The
+// suite's folders that did not exist before (the Tarn-Holmvik folders beside
+// the shell folders) are removed with everything in them.
+//
+// Test programs of one build share one Wine prefix: a guard also holds a
+// machine-wide mutex, so that two of them running at once take turns.
+#pragma once
+
+#include <windows.h>
+
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace tqmtest {
+
+// A registry key with its values and subkeys, as read.
+struct KeySnapshot
+{
+    struct Value
+    {
+        DWORD type;
+        std::string data;
+    };
+    std::map<std::string, Value> values;
+    std::map<std::string, KeySnapshot> subkeys;
+};
+
+class SuiteSettingsGuard
+{
+public:
+    SuiteSettingsGuard();
+    ~SuiteSettingsGuard();
+    SuiteSettingsGuard(const SuiteSettingsGuard&) = delete;
+    SuiteSettingsGuard& operator=(const SuiteSettingsGuard&) = delete;
+
+    // Removes the suite's keys in both hives and the mirror file.
+    static void Clear();
+
+private:
+    HANDLE m_hMutex;
+    std::unique_ptr<KeySnapshot> m_userKeys;     // null: there were none
+    std::unique_ptr<KeySnapshot> m_machineKeys;
+    bool m_hadMirror;
+    std::string m_mirror;
+    std::vector<std::string> m_newFolders;       // suite folders to remove afterwards
+};
+
+// The suite's registry path below the hive: "Software\Tarn-Holmvik\QM5\2.0".
+std::string SuiteKeyPath();
+// The machine-wide mirror file.
+std::string MirrorFile();
+// Opens a key below hive in the library's (32-bit) view; NULL when missing.
+HKEY OpenSuiteView(HKEY hive, const std::string& path, REGSAM access = KEY_READ);
+// Deletes a key below hive with everything in it (32-bit view).
+void DeleteKeyTree(HKEY hive, const std::string& path);
+
+}  // namespace tqmtest
