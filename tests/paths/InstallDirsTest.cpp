@@ -2,6 +2,7 @@
 // the derived paths, and the configurable four with their defaults written
 // back to the machine-wide settings.
 #include "paths/InstallDirs.h"
+#include "paths/PathNames.h"
 
 #include "config/QM5Profile.h"
 
@@ -171,7 +172,7 @@ TEST_F(ConfigurableDirs, VmxOptionsComeFromTheUsersOptionsFile)
     EXPECT_STREQ("", value);
 
     const std::string file = TQMGetVMXOptionsFilePath().GetString();
-    CreateDirectoryA(TQMGetUserDir(), nullptr);
+    TQMCreateDir(TQMGetUserDir());
     ASSERT_TRUE(tqmtest::WriteBytes(file, "[VMX]\r\nLanguage=de\r\nTitle=Project manager\r\n"));
     EXPECT_EQ(2u, TQMGetVMXOption("Language", value, sizeof(value)));
     EXPECT_STREQ("de", value);
