@@ -168,16 +168,6 @@ void RunningProgram::kill()
     }
 }
 
-std::string ProgramFolder()
-{
-    char path[MAX_PATH] = "";
-    GetModuleFileNameA(nullptr, path, MAX_PATH);
-    char* slash = strrchr(path, '\\');
-    if (slash)
-        *slash = '\0';
-    return path;
-}
-
 namespace {
 const char kChildFlag[] = "--tqm-child=";
 }

@@ -47,9 +47,6 @@ private:
     HANDLE m_hProcess = nullptr;
 };
 
-// The folder of the running test program (where tqm.exe and the DLL are).
-std::string ProgramFolder();
-
 // Runs the test "Suite.Name" of this program in a child process started in
 // mode, whose ChildMode() then returns mode.
 ProgramRun RunSelfAsChild(const char* testName, const char* mode, unsigned timeoutMs = 60000);

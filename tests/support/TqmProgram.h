@@ -2,8 +2,8 @@
 // it, for tests of its commands.
 #pragma once
 
-#include <initializer_list>
 #include <string>
+#include <vector>
 
 namespace tqmtest {
 
@@ -14,7 +14,11 @@ struct TqmRun
     std::string err;  // standard error, line ends as "\n"
 };
 
-// Runs tqm with the arguments (quoted where needed) and the standard input.
-TqmRun RunTqm(std::initializer_list<std::string> args, const std::string& input = std::string());
+// The command line that starts tqm with the arguments (quoted where needed).
+std::string TqmCommandLine(const std::vector<std::string>& args);
+// Runs tqm with the arguments and the standard input.
+TqmRun RunTqm(const std::vector<std::string>& args, const std::string& input = std::string());
+
+inline bool Contains(const std::string& text, const std::string& part) { return text.find(part) != std::string::npos; }
 
 }  // namespace tqmtest

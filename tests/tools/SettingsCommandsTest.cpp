@@ -14,10 +14,9 @@
 
 namespace {
 
+using tqmtest::Contains;
 using tqmtest::RunTqm;
 using tqmtest::TqmRun;
-
-bool contains(const std::string& text, const std::string& part) { return text.find(part) != std::string::npos; }
 
 // What the line of "tqm dirs" for the directory says after its name.
 std::string dirLine(const std::string& out, const std::string& name)
@@ -61,7 +60,7 @@ TEST_F(TqmSettings, DirsShowsWhereEachDirectoryCameFromAcrossProcesses)
     EXPECT_EQ("D:\\Shared\\Templates  [setting]", dirLine(RunTqm({"dirs"}).out, "TemplatesDir"));
     r = RunTqm({"dirs", "set", "TemplatesDir", ""});
     EXPECT_EQ(0, r.exitCode);
-    EXPECT_TRUE(contains(dirLine(RunTqm({"dirs"}).out, "TemplatesDir"), "[default, written back]"));
+    EXPECT_TRUE(Contains(dirLine(RunTqm({"dirs"}).out, "TemplatesDir"), "[default, written back]"));
 
     EXPECT_EQ(2, RunTqm({"dirs", "set", "UserDir", "D:\\x"}).exitCode);
 }
@@ -77,8 +76,8 @@ TEST_F(TqmSettings, SettingsGetSetDelete)
     EXPECT_EQ("Courier New\n", r.out);
     EXPECT_EQ("-4\n", RunTqm({"settings", "get", "--user", "--int", "Editor", "Tabs"}).out);
     r = RunTqm({"settings", "get", "--user", "Editor"});
-    EXPECT_TRUE(contains(r.out, "Font=Courier New\n")) << r.out;
-    EXPECT_TRUE(contains(r.out, "Tabs=-4  (number)\n")) << r.out;
+    EXPECT_TRUE(Contains(r.out, "Font=Courier New\n")) << r.out;
+    EXPECT_TRUE(Contains(r.out, "Tabs=-4  (number)\n")) << r.out;
 
     // Machine-wide by default, mirrored and read back from the mirror.
     EXPECT_EQ(0, RunTqm({"settings", "set", "Global", "Vendor", "Tarn"}).exitCode);
@@ -88,7 +87,7 @@ TEST_F(TqmSettings, SettingsGetSetDelete)
     EXPECT_EQ(0, RunTqm({"settings", "delete", "--user", "Editor", "Font"}).exitCode);
     r = RunTqm({"settings", "get", "--user", "Editor", "Font"});
     EXPECT_EQ(1, r.exitCode);
-    EXPECT_TRUE(contains(r.err, "not set")) << r.err;
+    EXPECT_TRUE(Contains(r.err, "not set")) << r.err;
     EXPECT_EQ(1, RunTqm({"settings", "delete", "--user", "Editor", "Font"}).exitCode);
     EXPECT_EQ(0, RunTqm({"settings", "delete", "--user", "Editor"}).exitCode);
     EXPECT_EQ(1, RunTqm({"settings", "get", "--user", "--int", "Editor", "Tabs"}).exitCode);
@@ -108,7 +107,7 @@ TEST_F(TqmSettings, TagsSubstAndUnsubst)
               RunTqm({"tags", "subst", "D:\\P\\Cpu\\main.st", "--project", "D:\\P", "--device", "D:\\P\\Cpu"}).out);
     EXPECT_EQ("D:\\P\\plc.cfg\n", RunTqm({"tags", "unsubst", "<$ProjDir>\\plc.cfg", "--project", "D:\\P"}).out);
     EXPECT_EQ("E:\\Cpu\\x\n", RunTqm({"tags", "unsubst", "<$CpuDir>\\x", "--device", "E:\\Cpu"}).out);
-    EXPECT_TRUE(contains(RunTqm({"tags", "list"}).out, "<$HpLibDir>      " + libs + "\\HP\n"));
+    EXPECT_TRUE(Contains(RunTqm({"tags", "list"}).out, "<$HpLibDir>      " + libs + "\\HP\n"));
 
     EXPECT_EQ(2, RunTqm({"tags", "unsubst", "a", "--project"}).exitCode);
 }
@@ -121,11 +120,11 @@ TEST_F(TqmSettings, EnvCreateSaysWhatItMade)
     TQMSetQM5ProfileString(HKEY_LOCAL_MACHINE, "Global", "TemplatesDir", temp.file("Templates").c_str());
     TqmRun r = RunTqm({"env", "create"});
     EXPECT_EQ(0, r.exitCode) << r.err;
-    EXPECT_TRUE(contains(r.out, "ProjectsDir   " + temp.file("Projects") + "  [created]\n")) << r.out;
-    EXPECT_TRUE(contains(r.out, "AppsDir       " + tqmtest::ProgramDir() + "  [already there]\n")) << r.out;
+    EXPECT_TRUE(Contains(r.out, "ProjectsDir   " + temp.file("Projects") + "  [created]\n")) << r.out;
+    EXPECT_TRUE(Contains(r.out, "AppsDir       " + tqmtest::ProgramDir() + "  [already there]\n")) << r.out;
     r = RunTqm({"env", "create"});
-    EXPECT_TRUE(contains(r.out, "ProjectsDir   " + temp.file("Projects") + "  [already there]\n")) << r.out;
-    EXPECT_FALSE(contains(r.out, "[created]"));
+    EXPECT_TRUE(Contains(r.out, "ProjectsDir   " + temp.file("Projects") + "  [already there]\n")) << r.out;
+    EXPECT_FALSE(Contains(r.out, "[created]"));
 
     r = RunTqm({"env", "copy", "NoSuch.ini"});
     EXPECT_EQ(1, r.exitCode);

@@ -1,7 +1,7 @@
 // tqm ini: the subcommands on real files, run as a child process.
-#include "support/ChildProcess.h"
 #include "support/FileUtil.h"
 #include "support/TempDir.h"
+#include "support/TqmProgram.h"
 
 #include <gtest/gtest.h>
 
@@ -14,30 +14,11 @@ using tqmtest::ReadBytes;
 using tqmtest::TempDir;
 using tqmtest::WriteBytes;
 
-struct ProgramResult
-{
-    int exitCode;
-    std::string out;  // CR LF turned into LF
-    std::string err;
-};
-
-std::string withoutCr(const std::string& text)
-{
-    std::string out;
-    for (size_t i = 0; i < text.size(); ++i) {
-        if (!(text[i] == '\r' && i + 1 < text.size() && text[i + 1] == '\n'))
-            out += text[i];
-    }
-    return out;
-}
+using ProgramResult = tqmtest::TqmRun;
 
 ProgramResult tqm(const std::vector<std::string>& args, const std::string& input = std::string())
 {
-    std::string commandLine = tqmtest::QuoteArgument(tqmtest::ProgramFolder() + "\\tqm.exe");
-    for (const std::string& arg : args)
-        commandLine += " " + tqmtest::QuoteArgument(arg);
-    tqmtest::ProgramRun run = tqmtest::RunProgram(commandLine, input);
-    return ProgramResult{run.exitCode, withoutCr(run.out), withoutCr(run.err)};
+    return tqmtest::RunTqm(args, input);
 }
 
 class TqmIni : public testing::Test

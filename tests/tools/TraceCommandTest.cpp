@@ -6,6 +6,7 @@
 #include "support/ChildProcess.h"
 #include "support/FileUtil.h"
 #include "support/TempDir.h"
+#include "support/TqmProgram.h"
 
 #include <gtest/gtest.h>
 
@@ -18,11 +19,10 @@
 
 namespace {
 
-using tqmtest::ProgramRun;
+using tqmtest::RunTqm;
+using tqmtest::TqmRun;
 
 const DWORD kTimeoutMs = 30000;
-
-std::string tqm(const std::string& args) { return "\"" + tqmtest::ProgramFolder() + "\\tqm.exe\" " + args; }
 
 std::string hex8(HWND hWnd)
 {
@@ -41,9 +41,11 @@ struct ViewerLine
 class ViewerProcess
 {
 public:
-    bool start(const std::string& options = "")
+    bool start(const std::vector<std::string>& options = {})
     {
-        if (!m_process.start(tqm("trace " + options), m_dir.file("viewer.txt")))
+        std::vector<std::string> args{"trace"};
+        args.insert(args.end(), options.begin(), options.end());
+        if (!m_process.start(tqmtest::TqmCommandLine(args), m_dir.file("viewer.txt")))
             return false;
         for (DWORD waited = 0; waited < kTimeoutMs; waited += 50) {
             m_window = FindWindowA(TARN_TRACE_WINDOW_CLASS, nullptr);
@@ -129,7 +131,7 @@ TEST_F(TraceCommand, ViewerPrintsWhatOtherProcessesSendInOrder)
 
     tqmtest::BoxRecorder boxes(IDIGNORE);
     DWORD workerId = 0;
-    ProgramRun fromTqm;
+    TqmRun fromTqm;
     std::vector<bool> sent;
     bool inTime = runWithViewerWatchdog(viewer, [&] {
         workerId = GetCurrentThreadId();
@@ -138,7 +140,7 @@ TEST_F(TraceCommand, ViewerPrintsWhatOtherProcessesSendInOrder)
         const BYTE bytes[17] = {'T', 'Q', 'M', 0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 0xFF};
         sent.push_back(TarnHexDump(bytes, sizeof(bytes)));
         sent.push_back(TarnDebug("TARN_ASSERT", "pData != NULL", "C:\\src\\datafiles\\RecFile.cpp", 955));
-        fromTqm = tqmtest::RunProgram(tqm("trace --send --warning \"from tqm\""), std::string(), kTimeoutMs);
+        fromTqm = RunTqm({"trace", "--send", "--warning", "from tqm"});
         sent.push_back(TarnVerbose(TARN_VERBOSE_NO_THREAD, "last"));
     });
     DestroyWindow(main);
@@ -154,10 +156,7 @@ TEST_F(TraceCommand, ViewerPrintsWhatOtherProcessesSendInOrder)
     std::vector<ViewerLine> lines = viewer.lines();
     std::string us = hex8(main);
     std::string worker = std::to_string(workerId & 0xFFFF);
-    struct Expected
-    {
-        std::string window, text;
-    } expected[] = {
+    struct Expected { std::string window, text; } expected[] = {
         {us, worker + ": first line 1"},
         {us, "Error: two\\nparts"},
         {us, "0000 54 51 4D 00 01 02 03 04 05 06 07 08 09 0A 0B 0C  TQM............."},
@@ -180,16 +179,14 @@ TEST_F(TraceCommand, ViewerPrintsWhatOtherProcessesSendInOrder)
 TEST_F(TraceCommand, OnlyOneViewerRunsAndCountEndsIt)
 {
     ViewerProcess viewer;
-    ASSERT_TRUE(viewer.start("--count 2")) << viewer.output();
+    ASSERT_TRUE(viewer.start({"--count", "2"})) << viewer.output();
 
-    ProgramRun second = tqmtest::RunProgram(tqm("trace"), std::string(), kTimeoutMs);
+    TqmRun second = RunTqm({"trace"});
     EXPECT_EQ(1, second.exitCode);
     EXPECT_NE(std::string::npos, second.err.find("already running")) << second.err;
 
-    ProgramRun a = tqmtest::RunProgram(tqm("trace --send a"), std::string(), kTimeoutMs);
-    ProgramRun b = tqmtest::RunProgram(tqm("trace --send --error b"), std::string(), kTimeoutMs);
-    EXPECT_EQ(0, a.exitCode);
-    EXPECT_EQ(0, b.exitCode);
+    EXPECT_EQ(0, RunTqm({"trace", "--send", "a"}).exitCode);
+    EXPECT_EQ(0, RunTqm({"trace", "--send", "--error", "b"}).exitCode);
     ASSERT_TRUE(viewer.process().wait(kTimeoutMs)) << "--count 2 did not end the viewer";
     EXPECT_EQ(0u, viewer.process().exitCode());
     std::vector<ViewerLine> lines = viewer.lines();
@@ -200,15 +197,16 @@ TEST_F(TraceCommand, OnlyOneViewerRunsAndCountEndsIt)
 
 TEST_F(TraceCommand, SendWithoutViewerAndUsageErrors)
 {
-    ProgramRun alone = tqmtest::RunProgram(tqm("trace --send hello"), std::string(), kTimeoutMs);
+    TqmRun alone = RunTqm({"trace", "--send", "hello"});
     EXPECT_EQ(1, alone.exitCode);
     EXPECT_NE(std::string::npos, alone.err.find("no trace viewer is running")) << alone.err;
 
-    for (const char* args : {"trace --send", "trace --count 0", "trace --count", "trace text", "trace --bogus",
-                             "trace --send a b", "trace --error"}) {
-        ProgramRun usage = tqmtest::RunProgram(tqm(args), std::string(), kTimeoutMs);
-        EXPECT_EQ(2, usage.exitCode) << args << ": " << usage.err;
-    }
+    const std::vector<std::vector<std::string>> usage = {{"trace", "--send"},  {"trace", "--count", "0"},
+                                                         {"trace", "--count"}, {"trace", "text"},
+                                                         {"trace", "--bogus"}, {"trace", "--send", "a", "b"},
+                                                         {"trace", "--error"}};
+    for (const auto& args : usage)
+        EXPECT_EQ(2, RunTqm(args).exitCode) << args.back();
 }
 
 }  // namespace
