@@ -26,8 +26,6 @@ public:
     void SetTolerant() { m_bTolerant = TRUE; }
     using CTQMIniFile::findEntry;
     using CTQMIniFile::findSection;
-    int CurrentSection() const { return m_nCurSection; }
-    int CurrentNameLength() const { return m_nCurEntryNameLen; }
 };
 
 // Reads bytes as a file; the Read result.
@@ -78,16 +76,12 @@ TEST(CTQMIniFile, EmptyAndMissingFiles)
     EXPECT_EQ(0, ini.GetNumSections());  // the old contents are gone
     EXPECT_EQ(0, ini.Read(nullptr));
     EXPECT_EQ(0, ini.Read(dir.path().c_str()));  // a folder
-}
 
-TEST(CTQMIniFile, UnreadableFileFailsLikeAMissingOne)
-{
-    TempDir dir;
+    // A file somebody holds without sharing fails like a missing one.
     std::string path = dir.file("locked.ini");
     ASSERT_TRUE(WriteBytes(path, "[S]\r\nk=v\r\n"));
     HANDLE hLock = CreateFileA(path.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
     ASSERT_NE(INVALID_HANDLE_VALUE, hLock);
-    CTQMIniFile ini;
     EXPECT_EQ(0, ini.Read(path.c_str()));
     EXPECT_EQ(-1, ini.GetErrLine());
     CloseHandle(hLock);
@@ -136,7 +130,7 @@ TEST(CTQMIniFile, LineGrammar)
                            "\xC4wide\xFF=\xA0v\xE4l\xE4\r\n"
                            "[main]\r\n"
                            "other=x\r\n"
-                           "[S]\r\n"
+                           "[S]x]\r\n"
                            "last=no line end"));
     EXPECT_EQ((std::vector<std::string>{"[Main]", "name=some value", "a=b=c", "empty=", "key=2", "wide=v\xE4l",
                                         "[main]", "other=x", "[S]", "last=no line end"}),
@@ -170,45 +164,27 @@ TEST(CTQMIniFile, LongLinesAndOddBytes)
     EXPECT_STREQ("S", ini.GetSectionName(0));
 }
 
-TEST(CTQMIniFile, LookupsByIndexAndDefaults)
-{
-    CTQMIniFile ini;
-    ini.SetEntryValue("A", "x", "1");
-    ini.SetEntryValue("B", "y", "2");
-    const char* def = "default";
-    EXPECT_EQ(def, ini.GetEntryValue("A", "missing", def));
-    EXPECT_EQ(def, ini.GetEntryValue("Missing", "x", def));
-    EXPECT_EQ(def, ini.GetEntryValue(2, 0, def));
-    EXPECT_EQ(def, ini.GetEntryValue(0, 1, def));
-    EXPECT_STREQ("2", ini.GetEntryValue(1, 0));
-    EXPECT_STREQ("2", ini.GetEntryValue(1, "Y"));
-    EXPECT_STREQ("", ini.GetEntryValue(1, "x"));
-    EXPECT_STREQ("", ini.GetSectionName(2));
-    EXPECT_STREQ("", ini.GetEntryName(0, 1));
-    EXPECT_EQ(0, ini.GetNumEntries(5));
-    EXPECT_EQ(-1, ini.GetSectionIndex("C"));
-    EXPECT_EQ(-1, ini.GetEntryIndex(0, "y"));
-    EXPECT_EQ(-1, ini.GetEntryIndex("B", "x"));
-    EXPECT_EQ(0, ini.GetEntryIndex(1, "y"));
-    EXPECT_EQ(0, ini.GetNumEntries("C"));
-}
-
-TEST(CTQMIniFile, NegativeIndexesThrowInvalidArg)
+TEST(CTQMIniFile, MissesGiveTheCallersDefaultAndNegativeIndexesThrow)
 {
     TestIni ini;
     ini.SetEntryValue("A", "x", "1");
+    ini.SetEntryValue("B", "y", "2");
+    const char* def = "default";
+    EXPECT_EQ(def, ini.GetEntryValue("A", "missing", def)) << "the caller's own pointer";
+    EXPECT_EQ(def, ini.GetEntryValue(2, 0, def));
+    EXPECT_STREQ("2", ini.GetEntryValue(1, "Y"));
+    EXPECT_STREQ("", ini.GetEntryValue(1, "x"));
+    EXPECT_STREQ("", ini.GetSectionName(2));
+    EXPECT_EQ(-1, ini.GetEntryIndex("B", "x"));
+    EXPECT_EQ(0, ini.GetNumEntries("C"));
+
+    // Checked in the caller's module, before the library is called.
     ExpectInvalidArg([&] { ini.GetEntryValue(-1, 0); }, "GetEntryValue(-1, 0)");
     ExpectInvalidArg([&] { ini.GetEntryValue(0, -1, "d"); }, "GetEntryValue(0, -1, d)");
-    ExpectInvalidArg([&] { ini.GetEntryValue(-1, "x"); }, "GetEntryValue(-1, name)");
     ExpectInvalidArg([&] { ini.GetNumEntries(-1); }, "GetNumEntries(-1)");
-    ExpectInvalidArg([&] { ini.GetSectionName(-1); }, "GetSectionName(-1)");
-    ExpectInvalidArg([&] { ini.GetEntryName(0, -1); }, "GetEntryName(0, -1)");
     ExpectInvalidArg([&] { ini.GetEntryIndex(-1, "x"); }, "GetEntryIndex(-1, name)");
     ExpectInvalidArg([&] { ini.findSection(-1); }, "findSection(-1)");
-    ExpectInvalidArg([&] { ini.findEntry(-1); }, "findEntry(-1)");
-    EXPECT_EQ(1, ini.findSection(0));
     EXPECT_EQ(1, ini.findEntry(0));
-    EXPECT_EQ(2, ini.CurrentNameLength());  // the name's length + 1
 }
 
 TEST(CTQMIniFile, SetEntryValueRules)
@@ -275,7 +251,6 @@ TEST(CTQMIniFile, RemoveSectionsAndEntries)
     ini.SetEntryValue("B", "3", "d");
     EXPECT_EQ(1, ini.RemoveEntry("b", "2"));
     EXPECT_EQ(0, ini.RemoveEntry("b", "2"));
-    EXPECT_EQ(0, ini.RemoveEntry("C", "1"));
     EXPECT_EQ(1, ini.RemoveSection("a"));
     EXPECT_EQ(0, ini.RemoveSection("a"));
     EXPECT_EQ((std::vector<std::string>{"[B]", "1=b", "3=d"}), contentsOf(ini));
@@ -337,7 +312,6 @@ TEST(CTQMIniFile, FailedWriteLeavesTheOldFile)
 
     EXPECT_EQ(0, ini.Write(dir.file("no\\such\\folder\\x.ini").c_str()));
     EXPECT_EQ(0, ini.Write(dir.path().c_str()));
-    EXPECT_EQ(0, ini.Write(""));
 
     // Neither the failures nor a success leave a temporary file behind.
     ASSERT_EQ(1, ini.Write(path.c_str()));
@@ -371,19 +345,15 @@ TEST(CTQMIniFile, CopiesAreDeep)
     CTQMIniFile original;
     original.SetFileComment("; c\n");
     original.SetEntryValue("S", "k", "v");
-    {
-        CTQMIniFile copy(original);
-        copy.SetEntryValue("S", "k", "changed");
-        copy.SetEntryValue("T", "n", "new");
-        EXPECT_STREQ("; c\n", copy.GetFileComment());
-        EXPECT_EQ(2, copy.GetNumSections());
-    }
-    EXPECT_STREQ("v", original.GetEntryValue("S", "k"));
-    EXPECT_EQ(1, original.GetNumSections());
-
     CTQMIniFile assigned;
     assigned.SetEntryValue("Gone", "x", "y");
     assigned = original;
+    {
+        CTQMIniFile copy(original);
+        copy.SetEntryValue("S", "k", "changed");
+        EXPECT_STREQ("; c\n", copy.GetFileComment());
+    }
+    EXPECT_STREQ("v", original.GetEntryValue("S", "k"));
     original.RemoveAll();
     EXPECT_EQ((std::vector<std::string>{"[S]", "k=v"}), contentsOf(assigned));
     assigned = assigned;
@@ -402,19 +372,15 @@ TEST(CTQMIniFile, BigSectionsAndManySectionsStayConsistent)
     EXPECT_STREQ("119", ini.GetEntryValue("SEC19", "n"));
 
     EXPECT_EQ(1, ini.SetEntryValue("big", "KEY1500", "replaced"));
-    EXPECT_EQ(1500, ini.GetEntryIndex("Big", "key1500"));
     EXPECT_EQ(1, ini.RemoveEntry("Big", "Key10"));
     EXPECT_EQ(1499, ini.GetEntryIndex("Big", "key1500"));
     EXPECT_STREQ("replaced", ini.GetEntryValue("Big", "Key1500"));
     EXPECT_EQ(-1, ini.GetEntryIndex("Big", "Key10"));
-    EXPECT_EQ(2998, ini.GetEntryIndex("Big", "Key2999"));
-    EXPECT_EQ(2999, ini.GetNumEntries("Big"));
 
     EXPECT_EQ(1, ini.RemoveSection("Sec5"));
     EXPECT_EQ(6, ini.GetSectionIndex("Sec6"));  // "Big" comes first
     EXPECT_EQ(1, ini.SetEntryValue("Sec5", "n", "again"));
     EXPECT_EQ(100, ini.GetSectionIndex("sec5"));
-    EXPECT_EQ(99, ini.GetSectionIndex("sec99"));
 
     // Repeated headers: the first section of the name answers. A big section
     // read from a file is looked up as well as one built by calls.
@@ -433,7 +399,6 @@ TEST(CTQMIniFile, BigSectionsAndManySectionsStayConsistent)
     EXPECT_STREQ("77", repeated.GetEntryValue("s7", "v"));
     EXPECT_EQ(400, repeated.GetNumEntries("wide"));
     EXPECT_STREQ("499", repeated.GetEntryValue("Wide", "K99"));
-    EXPECT_STREQ("100", repeated.GetEntryValue("Wide", "K100"));
     EXPECT_EQ(1, repeated.SetEntryValue("Wide", "new", "x"));
     EXPECT_EQ(400, repeated.GetEntryIndex("Wide", "NEW"));
 

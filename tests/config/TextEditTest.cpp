@@ -42,13 +42,7 @@ TEST(TextEdit, TrimRightCutsTrailingBlanksOnly)
 
 TEST(TextEdit, InsertStringMovesTheTailAndStaysInItsRoom)
 {
-    struct Case
-    {
-        const char* text;
-        int pos;
-        const char* ins;
-        const char* result;
-    } cases[] = {
+    struct Case { const char* text; int pos; const char* ins; const char* result; } cases[] = {
         {"abc", 0, "XY", "XYabc"}, {"abc", 1, "XY", "aXYbc"}, {"abc", 3, "XY", "abcXY"}, {"abc", 4, "XY", "abc"},
         {"abc", -1, "XY", "abc"},  {"abc", 1, "", "abc"},     {"", 0, "XY", "XY"},
     };

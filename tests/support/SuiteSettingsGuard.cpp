@@ -102,6 +102,13 @@ std::string SuiteKeyPath() { return std::string("Software\\") + TQMGetQM5BaseReg
 
 std::string MirrorFile() { return std::string(TQMGetLocalDir().GetString()) + "\\QM5Global.ini"; }
 
+std::string MirrorEntry(const char* section, const char* entry)
+{
+    char value[512] = "";
+    GetPrivateProfileStringA(section, entry, "<none>", value, sizeof(value), MirrorFile().c_str());
+    return value;
+}
+
 HKEY OpenSuiteView(HKEY hive, const std::string& path, REGSAM access)
 {
     HKEY key = nullptr;

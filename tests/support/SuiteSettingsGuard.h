@@ -56,6 +56,8 @@ private:
 std::string SuiteKeyPath();
 // The machine-wide mirror file.
 std::string MirrorFile();
+// The entry as the mirror file holds it; "<none>" when it is not there.
+std::string MirrorEntry(const char* section, const char* entry);
 // Opens a key below hive in the library's (32-bit) view; NULL when missing.
 HKEY OpenSuiteView(HKEY hive, const std::string& path, REGSAM access = KEY_READ);
 // Deletes a key below hive with everything in it (32-bit view).
