@@ -13,24 +13,10 @@
 
 #include <windows.h>
 
-#include <map>
-#include <memory>
 #include <string>
 #include <vector>
 
 namespace tqmtest {
-
-// A registry key with its values and subkeys, as read.
-struct KeySnapshot
-{
-    struct Value
-    {
-        DWORD type;
-        std::string data;
-    };
-    std::map<std::string, Value> values;
-    std::map<std::string, KeySnapshot> subkeys;
-};
 
 class SuiteSettingsGuard
 {
@@ -45,8 +31,8 @@ public:
 
 private:
     HANDLE m_hMutex;
-    std::unique_ptr<KeySnapshot> m_userKeys;     // null: there were none
-    std::unique_ptr<KeySnapshot> m_machineKeys;
+    bool m_hadUserKeys;  // kept in a key of the tests' own meanwhile
+    bool m_hadMachineKeys;
     bool m_hadMirror;
     std::string m_mirror;
     std::vector<std::string> m_newFolders;       // suite folders to remove afterwards
