@@ -22,12 +22,7 @@ using tqmtest::OpenSuiteView;
 using tqmtest::PathExists;
 using tqmtest::SuiteKeyPath;
 
-struct RawValue
-{
-    bool present;
-    DWORD type;
-    std::string data;
-};
+struct RawValue { bool present; DWORD type; std::string data; };
 
 RawValue rawValue(HKEY hive, const char* section, const char* entry)
 {
@@ -65,14 +60,7 @@ bool keyExists(HKEY hive, const std::string& path)
 std::string dword(DWORD value) { return std::string(reinterpret_cast<const char*>(&value), sizeof(value)); }
 
 // True if one of the boxes is an assertion report of expr from tarnqm4.
-bool reported(const BoxRecorder& boxes, const std::string& expr, const std::string& source = "tarnqm4")
-{
-    for (const auto& box : boxes.boxes()) {
-        if (box.text.find(expr) != std::string::npos && box.text.find(source) != std::string::npos)
-            return true;
-    }
-    return false;
-}
+bool reported(const BoxRecorder& boxes, const std::string& expr) { return boxes.reported(expr, "tarnqm4"); }
 
 class QM5Profile : public testing::Test
 {
@@ -82,8 +70,6 @@ protected:
 
 TEST_F(QM5Profile, UserHiveStoresNumbersAndTextUnderTheVersionKey)
 {
-    EXPECT_EQ("Software\\Tarn-Holmvik\\QM5\\2.0", SuiteKeyPath());
-
     EXPECT_TRUE(TQMSetQM5ProfileInt(HKEY_CURRENT_USER, "Editor", "Tabs", 0xFFFFFFFEu));
     EXPECT_TRUE(TQMSetQM5ProfileString(HKEY_CURRENT_USER, "Editor", "Font", "Courier New"));
     const RawValue tabs = rawValue(HKEY_CURRENT_USER, "Editor", "Tabs");

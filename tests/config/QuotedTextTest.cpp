@@ -54,16 +54,6 @@ TEST(QuotedText, SplitHonoursTheLimitAndKeepsQuotes)
     EXPECT_EQ((Parts{"'c;d'"}), toVector(out));
 }
 
-TEST(QuotedText, JoinsListsInOrder)
-{
-    CStringList list;
-    EXPECT_STREQ("", TQMJoinArray(list, "|"));
-    list.AddTail("b");
-    list.AddHead("a");
-    list.AddTail("");
-    EXPECT_STREQ("a|b|", TQMJoinArray(list, "|"));
-}
-
 TEST(QuotedText, SplitCommentTakesTheFirstSemicolonOutsideQuotes)
 {
     struct Case { const char* line; const char* code; const char* comment; } cases[] = {

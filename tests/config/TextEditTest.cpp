@@ -25,11 +25,7 @@ TEST(TextEdit, BlanksAreNineToThirteenAndSpaceForEverySkipper)
 
 TEST(TextEdit, TrimRightCutsTrailingBlanksOnly)
 {
-    struct Case
-    {
-        const char* text;
-        const char* trimmed;
-    } cases[] = {{"abc \t\r\n", "abc"}, {" a b ", " a b"}, {" \t\v\f ", ""}, {"", ""}, {"x\xA0", "x\xA0"}};
+    struct Case { const char* text; const char* trimmed; } cases[] = {{"abc \t\r\n", "abc"}, {" a b ", " a b"}, {" \t\v\f ", ""}, {"", ""}, {"x\xA0", "x\xA0"}};
     for (const Case& c : cases) {
         char buf[32];
         memset(buf, '#', sizeof(buf));

@@ -20,23 +20,10 @@ TEST(Crc32, CheckValues)
     EXPECT_EQ(0u, TQMCrc32(kDigits, 0));
     // Published values of the zlib CRC.
     EXPECT_EQ(0x414FA339u, TQMCrc32("The quick brown fox jumps over the lazy dog", 43));
-    EXPECT_EQ(0xE8B7BE43u, TQMCrc32("a", 1));
-}
-
-TEST(Crc32, PartialIsRunningValueAndPiecesAddUp)
-{
+    // The partial form is the running value: no start or final inversion.
     EXPECT_EQ(0x12345678u, TQMCrc32Partial(0x12345678, kDigits, 0));
-    EXPECT_EQ(TQMCrc32(kDigits, 9), ~TQMCrc32Partial(0xFFFFFFFF, kDigits, 9));
-
-    std::string data;
-    for (int i = 0; i < 1000; ++i)
-        data += static_cast<char>(i * 7 + (i >> 3));
-    DWORD whole = TQMCrc32(data.data(), static_cast<UINT>(data.size()));
-    for (size_t split : {size_t(0), size_t(1), size_t(3), size_t(500), size_t(999), data.size()}) {
-        DWORD c = TQMCrc32Partial(0xFFFFFFFF, data.data(), static_cast<UINT>(split));
-        c = TQMCrc32Partial(c, data.data() + split, static_cast<UINT>(data.size() - split));
-        EXPECT_EQ(whole, ~c) << "split at " << split;
-    }
+    const DWORD first = TQMCrc32Partial(0xFFFFFFFF, kDigits, 4);
+    EXPECT_EQ(TQMCrc32(kDigits, 9), ~TQMCrc32Partial(first, kDigits + 4, 5));
 }
 
 TEST(Crc16, CheckValueAndStartValue)
@@ -45,7 +32,6 @@ TEST(Crc16, CheckValueAndStartValue)
     CrcInit();
     EXPECT_EQ(0x31C3, before);
     EXPECT_EQ(0x31C3, CrcCalc(0, const_cast<char*>(kDigits), 9));
-    EXPECT_EQ(0xABCD, CrcCalc(0xABCD, const_cast<char*>(kDigits), 0));
     // CRC-16/CCITT-FALSE is the same update from 0xFFFF.
     EXPECT_EQ(0x29B1, CrcCalc(0xFFFF, const_cast<char*>(kDigits), 9));
     // A running value carries over between pieces.
@@ -65,12 +51,8 @@ TEST_F(CrcFileCalcTest, ChecksumsTheTextHeadOnly)
     std::string text(2000, 'x');
     for (size_t i = 0; i < text.size(); ++i)
         text[i] = static_cast<char>('a' + i % 26);
-    struct Case
-    {
-        const char* name;
-        std::string bytes;
-        size_t counted;  // leading bytes the checksum covers
-    } cases[] = {
+    // counted: the leading bytes the checksum covers.
+    struct Case { const char* name; std::string bytes; size_t counted; } cases[] = {
         {"long.txt", text, 1024},
         {"short.txt", text.substr(0, 10), 10},
         {"zero-inside.txt", text.substr(0, 5) + std::string(1, '\0') + text.substr(0, 100), 5},

@@ -4,7 +4,6 @@
 
 #include "support/BoxRecorder.h"
 #include "support/FileUtil.h"
-#include "support/TempDir.h"
 
 #include <gtest/gtest.h>
 
@@ -13,26 +12,21 @@
 #include <thread>
 #include <vector>
 
+using rectest::kAny;
 using rectest::Probe;
 using rectest::Record;
 
 namespace {
 
-const DWORD kAny = 0xFFFFFFFF;
-
-class RecFileFailureTest : public ::testing::Test
+class RecFileFailureTest : public rectest::RecFileFixture
 {
 protected:
-    std::string path(const char* name = "test.rec") const { return dir.file(name); }
-
     std::vector<Record> records() const { return {{5, 1, "alpha"}, {6, 2, ""}, {7, 3, std::string(300, 'z')}}; }
 
     std::string validFile(DWORD type = 2) const
     {
         return rectest::RawFile(type, std::to_string(type) + "\n1\n01/02/2020 03:04:05\nSample\n", records());
     }
-
-    tqmtest::TempDir dir;
 };
 
 // Runs f, which must throw CFileException*; returns cause, code and file name.
@@ -288,8 +282,9 @@ TEST_F(RecFileFailureTest, ThrowsFileExceptionsWithCauseCodeAndPath)
     };
     for (const Case& c : cases) {
         const std::string file = path(c.name);
-        if (!c.bytes.empty())
+        if (!c.bytes.empty()) {
             ASSERT_TRUE(tqmtest::WriteBytes(file, c.bytes));
+        }
         CRecFile rec;
         Thrown t = catchFileException([&] {
             char data[300];

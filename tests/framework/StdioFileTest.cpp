@@ -152,7 +152,6 @@ TEST(CStdioFile, OpenFailureFillsTheException)
     EXPECT_EQ(CFileException::fileNotFound, error.m_cause);
     EXPECT_EQ(ERROR_FILE_NOT_FOUND, error.m_lOsError);
     EXPECT_STREQ(missing.c_str(), error.m_strFileName);
-    EXPECT_FALSE(file.IsOpen());
     EXPECT_FALSE(file.Open(nullptr, CStdioFile::modeRead));
 }
 

@@ -13,12 +13,7 @@ namespace {
 
 using tqm::PathNameFault;
 
-struct NameCase
-{
-    const char* path;
-    bool wildcards;
-    bool valid;
-};
+struct NameCase { const char* path; bool wildcards; bool valid; };
 
 TEST(PathNameRules, NamesUsersType)
 {

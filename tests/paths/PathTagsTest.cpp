@@ -54,18 +54,6 @@ TEST_F(PathTags, EveryCallReadsTheDirectoriesAfresh)
     EXPECT_STREQ("<$ProjDir>\\p", TQMSubstAppPathTags("d:\\b\\p", nullptr, nullptr));
 }
 
-TEST_F(PathTags, ProgramFilesComeFirst)
-{
-    char programFiles[512] = "";
-    TQMReadRegistryString(HKEY_LOCAL_MACHINE, "Software\\Microsoft\\Windows\\CurrentVersion", "ProgramFilesDir",
-                          programFiles);
-    TQMStripTrailingBackslash(programFiles);
-    CString installed = CString(programFiles) + "\\Tarn-Holmvik\\QM5_20\\x";
-    installed.MakeUpper();
-    TQMSetQM5ProfileString(HKEY_LOCAL_MACHINE, "Global", "AppsDir", CString(programFiles) + "\\Tarn-Holmvik\\QM5_20");
-    EXPECT_STREQ("<$ProgramsDir>\\TARN-HOLMVIK\\QM5_20\\X", TQMSubstAppPathTags(installed));
-}
-
 TEST_F(PathTags, BufferFormsLeaveTheBufferAloneWhenTheResultIsTooLong)
 {
     const std::string longDir = "D:\\" + std::string(240, 'p');
