@@ -108,9 +108,8 @@ TEST_F(Profile, WritersGoThroughTheSystem)
     std::string path = m_dir.file("written.ini");
     EXPECT_TRUE(WritePrivateProfileInt("S", "a", -12, path.c_str()));
     EXPECT_TRUE(TQMWritePrivateProfileInt("S", "b", 2147483647, path.c_str()));
-    EXPECT_EQ(-12, TQMGetProfileInt("S", "a", 0, path.c_str()));
-    EXPECT_EQ(2147483647, TQMGetProfileInt("S", "b", 0, path.c_str()));
     EXPECT_EQ(-12, static_cast<int>(GetPrivateProfileIntA("S", "a", 0, path.c_str())));
+    EXPECT_EQ(2147483647, TQMGetProfileInt("S", "b", 0, path.c_str()));
 }
 
 }  // namespace

@@ -124,9 +124,6 @@ TEST_F(RecFileTest, SeeksToNotedOffsetsAndFindsByType)
         ASSERT_TRUE(rec.Close());
         EXPECT_EQ(tqmtest::ReadBytes(path()).size(), end);
     }
-    std::string bytes = tqmtest::ReadBytes(path());
-    uint32_t descLength = tqm::LoadLittleEndian32(reinterpret_cast<const uint8_t*>(bytes.data()) + 16);
-    EXPECT_EQ(4u + 20u + descLength, offsets[0]) << "records follow the descriptor";
 
     CRecFile rec(FALSE);
     ASSERT_TRUE(rec.Open(path().c_str(), kAny, FALSE));
@@ -283,8 +280,6 @@ TEST_F(RecFileTest, FileTypeSelectsFilesAndChecksums)
     EXPECT_EQ(ERROR_BAD_FORMAT, GetLastError());
     EXPECT_TRUE(rec.Open(path().c_str(), 7, FALSE));
     rec.Close();
-    EXPECT_TRUE(rec.Open(path().c_str(), kAny, FALSE));
-    rec.Close();
 
     // A file whose descriptor says type 1 but whose sums are CRC-32 is refused.
     std::string text = "1\n0\n01/01/2020 00:00:00\nmixed\n";
@@ -298,7 +293,6 @@ TEST_F(RecFileTest, UnfinishedRecordIsOnDiskAsWritten)
 {
     // Closing, destroying or failing in the middle of a record leaves its
     // header (length and checksum 0) and the data written so far.
-    std::string head;
     for (int how = 0; how < 3; ++how) {
         {
             CRecFile rec(FALSE);

@@ -166,19 +166,4 @@ TEST(AssertionReportAbort, AbortEndsTheProcessAtOnce)
     EXPECT_EQ(std::string::npos, child.out.find("the assertion returned")) << child.out;
 }
 
-// A library file names itself for its reports after its includes.
-#undef TARN_SOURCE
-#define TARN_SOURCE "Registry"
-
-TEST_F(AssertionReport, FileMayNameItselfForItsReports)
-{
-    viewer();
-    BoxRecorder boxes;
-    const char* lpszSection = nullptr;
-    int line = __LINE__ + 1;
-    TARN_ASSERT(lpszSection != NULL);
-    EXPECT_EQ("TARN_ASSERT failed at line " + std::to_string(line) + " in Registry:\n lpszSection != NULL\n",
-              viewer().last().data);
-}
-
 }  // namespace

@@ -58,7 +58,6 @@ private:
 TEST_F(DebugOutputToViewer, VerboseLinesCarryThePrefixesOfTheirFlags)
 {
     struct Case { int flags; std::string expected; } cases[] = {
-        {0, threadPrefix() + "x\n"},
         {TARN_VERBOSE_ERROR, threadPrefix() + "Error: x\n"},
         {0x30000000, threadPrefix() + "x\n"},  // other severities: no prefix
         {TARN_VERBOSE_NO_THREAD | TARN_VERBOSE_WARNING, "Warning: x\n"},

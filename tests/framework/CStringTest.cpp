@@ -125,7 +125,6 @@ TEST(CString, Searching)
 {
     CString s("a.b.c");
     EXPECT_EQ(3, s.Find('.', 2));
-    EXPECT_EQ(-1, s.Find('.', 99));
     EXPECT_EQ(-1, s.Find('.', -1));
 
     CString withNul("ab\0cb", 5);
@@ -137,7 +136,6 @@ TEST(CString, Trimming)
 {
     CString s(" \t x y \r\n");
     EXPECT_STREQ("x y", CString(s).Trim());
-    EXPECT_STREQ("x-+", CString("+-x-+").TrimLeft("+-"));
     EXPECT_STREQ("", CString("   ").Trim());
     // Bytes above 127 are not blanks for these members.
     EXPECT_STREQ("\xA0x\xA0", CString("\xA0x\xA0").Trim());

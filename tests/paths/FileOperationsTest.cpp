@@ -207,7 +207,6 @@ TEST_F(FileOperations, ReadOnly)
     EXPECT_FALSE(TQMIsReadOnly(p("src")));
 
     EXPECT_FALSE(TQMSetDirReadOnly(p("src\\a.txt"), TRUE, TRUE));  // not a folder
-    EXPECT_FALSE(TQMIsReadOnly(p("missing")));
 }
 
 TEST_F(FileOperations, SetReadOnlyClearsTheArchiveAttributeOnlyOnAChange)

@@ -49,26 +49,21 @@ std::string viaBuffer(int(WINAPI* bufferForm)(char*))
 
 TEST(InstallDirs, ShellFoldersGetTheSuitesSubfolder)
 {
-    struct Case { int(WINAPI* bufferForm)(char*); CString (*stringForm)(); std::string expected; } cases[] = {
-        {TQMGetUserDir, [] { return TQMGetUserDir(); }, shellFolder(CSIDL_LOCAL_APPDATA) + kSubfolder},
-        {TQMGetUserAppDataDir, [] { return TQMGetUserAppDataDir(); }, shellFolder(CSIDL_APPDATA) + kSubfolder},
-        {TQMGetCommonAppDataDir, [] { return TQMGetCommonAppDataDir(); },
-         shellFolder(CSIDL_COMMON_APPDATA) + kSubfolder},
+    struct Case { int(WINAPI* bufferForm)(char*); std::string expected; } cases[] = {
+        {TQMGetUserDir, shellFolder(CSIDL_LOCAL_APPDATA) + kSubfolder},
+        {TQMGetUserAppDataDir, shellFolder(CSIDL_APPDATA) + kSubfolder},
+        {TQMGetCommonAppDataDir, shellFolder(CSIDL_COMMON_APPDATA) + kSubfolder},
         // Beside the documents folders, not in them.
-        {TQMGetUserDocumentsDir, [] { return TQMGetUserDocumentsDir(); },
-         parentOf(shellFolder(CSIDL_PERSONAL)) + kSubfolder},
-        {TQMGetCommonDocumentsDir, [] { return TQMGetCommonDocumentsDir(); },
-         parentOf(shellFolder(CSIDL_COMMON_DOCUMENTS)) + kSubfolder},
-        {TQMGetLocalDir, [] { return TQMGetLocalDir(); },
-         parentOf(shellFolder(CSIDL_COMMON_DOCUMENTS)) + kSubfolder + "\\LocalDir"},
-        {TQMGetVMXOptionsFilePath, [] { return TQMGetVMXOptionsFilePath(); },
-         shellFolder(CSIDL_LOCAL_APPDATA) + kSubfolder + "\\VMXOptions.ini"},
+        {TQMGetUserDocumentsDir, parentOf(shellFolder(CSIDL_PERSONAL)) + kSubfolder},
+        {TQMGetCommonDocumentsDir, parentOf(shellFolder(CSIDL_COMMON_DOCUMENTS)) + kSubfolder},
+        {TQMGetLocalDir, parentOf(shellFolder(CSIDL_COMMON_DOCUMENTS)) + kSubfolder + "\\LocalDir"},
+        {TQMGetVMXOptionsFilePath, shellFolder(CSIDL_LOCAL_APPDATA) + kSubfolder + "\\VMXOptions.ini"},
     };
     for (const Case& c : cases) {
         EXPECT_EQ(c.expected, viaBuffer(c.bufferForm));
-        EXPECT_EQ(c.expected, c.stringForm().GetString());
         EXPECT_EQ(':', c.expected[1]) << c.expected;  // every shell folder is known here
     }
+    EXPECT_EQ(cases[0].expected, TQMGetUserDir().GetString());
     EXPECT_EQ("Tarn-Holmvik\\QM5\\2.0", viaBuffer(TQMGetQM5BaseRegistryKey));
 
     char temp[MAX_PATH] = "";
