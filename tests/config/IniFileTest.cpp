@@ -306,16 +306,8 @@ TEST(CTQMIniFile, WriteReplacesTheFileOnlyWhenItSucceeds)
     ASSERT_EQ(1, ini.Write(path.c_str()));
     EXPECT_TRUE(GetFileAttributesA(path.c_str()) & FILE_ATTRIBUTE_HIDDEN);
     EXPECT_EQ("[New]\r\nk=v\r\n\r\n", ReadBytes(path));
-    WIN32_FIND_DATAA data;
-    HANDLE hFind = FindFirstFileA(dir.file("*").c_str(), &data);
-    ASSERT_NE(INVALID_HANDLE_VALUE, hFind);
-    std::vector<std::string> names;
-    do {
-        if (data.cFileName[0] != '.')
-            names.push_back(data.cFileName);
-    } while (FindNextFileA(hFind, &data));
-    FindClose(hFind);
-    EXPECT_EQ(std::vector<std::string>{"keep.ini"}, names);
+    EXPECT_EQ(1u, tqmtest::SnapshotTree(dir.path()).count("keep.ini"));
+    EXPECT_EQ(1u, tqmtest::SnapshotTree(dir.path()).size());
 }
 
 TEST(CTQMIniFile, CopiesAreDeep)

@@ -40,14 +40,9 @@ TEST(Crc16, CheckValueAndStartValue)
     EXPECT_EQ(0x31C3, CrcCalc(CrcCalc(0, digits, 4), digits + 4, 5));
 }
 
-class CrcFileCalcTest : public ::testing::Test
+TEST(CrcFileCalc, ChecksumsTheTextHeadOnly)
 {
-protected:
     tqmtest::TempDir dir;
-};
-
-TEST_F(CrcFileCalcTest, ChecksumsTheTextHeadOnly)
-{
     std::string text(2000, 'x');
     for (size_t i = 0; i < text.size(); ++i)
         text[i] = static_cast<char>('a' + i % 26);
@@ -68,8 +63,9 @@ TEST_F(CrcFileCalcTest, ChecksumsTheTextHeadOnly)
     EXPECT_EQ(0u, boxes.count());
 }
 
-TEST_F(CrcFileCalcTest, FileThatCannotBeOpenedGivesZeroAndABox)
+TEST(CrcFileCalc, FileThatCannotBeOpenedGivesZeroAndABox)
 {
+    tqmtest::TempDir dir;
     std::string missing = dir.file("missing.txt");
     tqmtest::BoxRecorder boxes;
     EXPECT_EQ(0, CrcFileCalc(reinterpret_cast<HWND>(0), missing.c_str()));

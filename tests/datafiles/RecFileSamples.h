@@ -24,12 +24,7 @@ protected:
     tqmtest::TempDir dir;
 };
 
-struct Record
-{
-    DWORD type;
-    DWORD param;
-    std::string data;
-};
+struct Record { DWORD type; DWORD param; std::string data; };
 
 // A record: header with the checksum of the file type's scheme, then the data.
 inline std::string RawRecord(DWORD fileType, DWORD type, DWORD param, const std::string& data)

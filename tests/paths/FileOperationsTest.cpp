@@ -20,29 +20,7 @@ using tqmtest::WriteBytes;
 
 DWORD Attributes(const std::string& path) { return GetFileAttributesA(path.c_str()); }
 
-// Every entry below a folder with its kind, read-only state and bytes, to
-// show that a refused or failed operation changed nothing.
 using Snapshot = std::map<std::string, std::string>;
-
-void TakeSnapshot(const std::string& dir, const std::string& prefix, Snapshot& snapshot)
-{
-    WIN32_FIND_DATAA entry;
-    HANDLE hFind = FindFirstFileA((dir + "\\*").c_str(), &entry);
-    if (hFind == INVALID_HANDLE_VALUE)
-        return;
-    do {
-        const std::string name = entry.cFileName;
-        if (name == "." || name == "..")
-            continue;
-        const std::string path = dir + "\\" + name;
-        const bool isDir = (entry.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
-        snapshot[prefix + name] = (isDir ? "dir" : ReadBytes(path)) +
-                                  ((entry.dwFileAttributes & FILE_ATTRIBUTE_READONLY) ? " ro" : " rw");
-        if (isDir)
-            TakeSnapshot(path, prefix + name + "\\", snapshot);
-    } while (FindNextFileA(hFind, &entry));
-    FindClose(hFind);
-}
 
 class FileOperations : public testing::Test
 {
@@ -66,12 +44,7 @@ protected:
         m_held.push_back(path(relative));
         return m_held.back().c_str();
     }
-    Snapshot snapshot() const
-    {
-        Snapshot result;
-        TakeSnapshot(m_root.path(), "", result);
-        return result;
-    }
+    Snapshot snapshot() const { return tqmtest::SnapshotTree(m_root.path()); }
 
     TempDir m_root;
     std::deque<std::string> m_held;
