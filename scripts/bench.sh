@@ -12,5 +12,5 @@ build=$root/build/$arch
 if [ $# -gt 0 ]; then names="$*"; else names=$(cd "$build/bin" && ls bench_*.exe 2>/dev/null | sed 's/^bench_//; s/\.exe$//'); fi
 for name in $names; do
     echo "== bench $name ($arch)"
-    "$root/scripts/wine-run.sh" "$build/wineprefix" "$build/bin/bench_$name.exe"
+    "$root/scripts/wine-run.sh" "$arch" "$build/wineprefix" "$build/bin/bench_$name.exe"
 done

@@ -5,7 +5,6 @@ set -eu
 arch=$1
 root=$(cd "$(dirname "$0")/.." && pwd)
 build=${2:-$root/build/$arch}
-if [ ! -f "$build/build.ninja" ]; then
-    cmake -S "$root" -B "$build" -G Ninja -DCMAKE_TOOLCHAIN_FILE="$root/cmake/toolchain-$arch.cmake" >/dev/null
-fi
+# Configuring again is quick, and notices a Wine that was installed since.
+cmake -S "$root" -B "$build" -G Ninja -DCMAKE_TOOLCHAIN_FILE="$root/cmake/toolchain-$arch.cmake" >/dev/null
 cmake --build "$build"

@@ -11,6 +11,6 @@ cd "$root"
 ./scripts/build.sh i686
 
 arch=x86_64
-[ -x /usr/lib/wine/wine ] && arch=i686
+[ -x /usr/lib/wine/wine ] && ./scripts/can-run-i386.sh && arch=i686
 echo "== tqm demo ($arch build)"
 exec ./scripts/tqm.sh "$arch" demo "$@"

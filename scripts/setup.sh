@@ -21,10 +21,43 @@ if [ -n "$missing" ]; then
 fi
 
 # 32-bit Wine runs the i686 test programs; without it those tests are skipped.
+# A library that both architectures need must be at one version on both. When
+# the mirror's i386 side lags behind amd64 (a security update published for
+# one only), apt refuses the plain install. The second way pins the base suite
+# and, round by round, each library apt names as "not going to be installed"
+# to the version its i386 side has, on both sides (a downgrade on amd64 where
+# needed). Nothing is ever removed (--no-remove), and wine64 stays requested.
 # A failed attempt is remembered for a day, so that repeated runs stay quick.
 stamp_dir=${XDG_CACHE_HOME:-$HOME/.cache}/tqmlib52
 stamp=$stamp_dir/wine32-unavailable
-if ! dpkg-query -W -f='${Status}' wine32:i386 2>/dev/null | grep -q "install ok installed"; then
+
+apt_wine32() {  # apt_wine32 [APT OPTIONS AND PACKAGES...]
+    DEBIAN_FRONTEND=noninteractive $SUDO apt-get install -y -q --no-install-recommends --no-remove \
+        "$@" wine64 wine32:i386 2>&1
+}
+
+install_wine32_pinned() {  # install_wine32_pinned CODENAME
+    pins=""
+    for round in 1 2 3 4 5 6 7 8; do
+        out=$(apt_wine32 --allow-downgrades -t "$1" $pins) && return 0
+        echo "$out"
+        added=""
+        for pkg in $(echo "$out" | sed -n 's/.*Depends: \([^ :]*\):i386.*not \(going to be installed\|installable\).*/\1/p' | sort -u); do
+            ver=$(apt-cache policy "$pkg:i386" | sed -n 's/^ *Candidate: //p')
+            case "$ver" in ""|"(none)") continue ;; esac
+            case " $pins " in *" $pkg=$ver "*) continue ;; esac
+            added="$added $pkg=$ver $pkg:i386=$ver"
+        done
+        [ -n "$added" ] || return 1
+        echo "setup: pinning$added"
+        pins="$pins$added"
+    done
+    return 1
+}
+
+if ! "$(dirname "$0")/can-run-i386.sh"; then
+    echo "setup: this machine does not run 32-bit programs: no wine32, and the i686 tests will be skipped"
+elif ! dpkg-query -W -f='${Status}' wine32:i386 2>/dev/null | grep -q "install ok installed"; then
     if [ -f "$stamp" ] && [ -n "$(find "$stamp" -mmin -1440 2>/dev/null)" ]; then
         echo "setup: wine32:i386 was not installable today; the i686 tests will be skipped"
         exit 0
@@ -32,12 +65,13 @@ if ! dpkg-query -W -f='${Status}' wine32:i386 2>/dev/null | grep -q "install ok 
     echo "setup: trying wine32:i386 (optional)"
     mkdir -p "$stamp_dir"
     log=$stamp_dir/wine32-attempt.log
+    codename=$(. /etc/os-release && echo "${VERSION_CODENAME:-}")
     {
         if ! dpkg --print-foreign-architectures | grep -qx i386; then
             $SUDO dpkg --add-architecture i386
             $SUDO apt-get update -qq || true
         fi
-        DEBIAN_FRONTEND=noninteractive $SUDO apt-get install -y -qq --no-install-recommends wine32:i386
+        apt_wine32 || { [ -n "$codename" ] && install_wine32_pinned "$codename"; }
     } >"$log" 2>&1 && installed=yes || installed=no
     if [ "$installed" = yes ]; then
         rm -f "$stamp"

@@ -6,4 +6,4 @@ root=$(cd "$(dirname "$0")/.." && pwd)
 arch=$1
 shift
 build=$root/build/$arch
-exec "$root/scripts/wine-run.sh" "$build/wineprefix" "$build/bin/tqm.exe" "$@"
+exec "$root/scripts/wine-run.sh" "$arch" "$build/wineprefix" "$build/bin/tqm.exe" "$@"

@@ -8,9 +8,10 @@
 #   - no debugger on a crash: Wine starts winedbg even without a debugger
 #     setting, so the setting names a command that exits at once, and a
 #     crashing test ends at once instead of waiting until its time-out.
-#   wine-prefix.sh PREFIX
+#   wine-prefix.sh i686|x86_64 PREFIX
 set -e
-prefix=$1
+arch=$1
+prefix=$2
 settings_version=4
 marker="$prefix/.tqm-ready"
 [ -f "$marker" ] && [ "$(cat "$marker")" = "$settings_version" ] && exit 0
@@ -21,16 +22,24 @@ flock 9
 [ -f "$marker" ] && [ "$(cat "$marker")" = "$settings_version" ] && exit 0
 
 export WINEPREFIX="$prefix" WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml="
+wine=wine
+if [ "$arch" = x86_64 ]; then  # the 64-bit loader itself (see wine-run.sh)
+    export WINELOADER=/usr/lib/wine/wine64
+    wine=/usr/lib/wine/wine64
+fi
 if [ ! -f "$marker" ]; then
     echo "wine-prefix: making $prefix" >&2
-    wineboot -i >/dev/null 2>&1 || true
-    wine reg add 'HKCU\Software\Wine\Drivers' /v Graphics /d null /f >/dev/null 2>&1
+    "$wine" wineboot -i >/dev/null 2>&1 || true
+    "$wine" reg add 'HKCU\Software\Wine\Drivers' /v Graphics /d null /f >/dev/null 2>&1 || {
+        echo "wine-prefix: cannot set up $prefix: Wine does not run $arch programs here" >&2
+        exit 1
+    }
 fi
 for key in 'HKLM\Software\Microsoft\Windows NT\CurrentVersion\AeDebug' \
            'HKLM\Software\Wow6432Node\Microsoft\Windows NT\CurrentVersion\AeDebug'; do
-    wine reg add "$key" /v Debugger /d 'cmd.exe /c exit %ld %ld' /f >/dev/null 2>&1
-    wine reg add "$key" /v Auto /d 1 /f >/dev/null 2>&1
+    "$wine" reg add "$key" /v Debugger /d 'cmd.exe /c exit %ld %ld' /f >/dev/null 2>&1
+    "$wine" reg add "$key" /v Auto /d 1 /f >/dev/null 2>&1
 done
-wine reg add 'HKCU\Software\Wine\WineDbg' /v ShowCrashDialog /t REG_DWORD /d 0 /f >/dev/null 2>&1
+"$wine" reg add 'HKCU\Software\Wine\WineDbg' /v ShowCrashDialog /t REG_DWORD /d 0 /f >/dev/null 2>&1
 wineserver -w
 echo "$settings_version" > "$marker"
