@@ -26,8 +26,6 @@ public:
     void SetTolerant() { m_bTolerant = TRUE; }
     using CTQMIniFile::findEntry;
     using CTQMIniFile::findSection;
-    int CurrentSection() const { return m_nCurSection; }
-    int CurrentNameLength() const { return m_nCurEntryNameLen; }
 };
 
 // Reads bytes as a file; the Read result.
@@ -59,9 +57,6 @@ TEST(CTQMIniFile, ReadKeepsOnlyTheHeadComment)
     EXPECT_STREQ("; first\n  # second\n", ini.GetFileComment());
     EXPECT_EQ((std::vector<std::string>{"[S]", "k=v"}), contentsOf(ini));
     EXPECT_EQ(7, ini.GetErrLine());  // 8 lines read
-
-    ASSERT_EQ(1, readBytes(ini, dir, "[S]\r\n; not a head comment\r\n"));
-    EXPECT_STREQ("", ini.GetFileComment());
 }
 
 TEST(CTQMIniFile, EmptyAndMissingFiles)
@@ -76,18 +71,13 @@ TEST(CTQMIniFile, EmptyAndMissingFiles)
     EXPECT_EQ(0, ini.Read(dir.file("missing.ini").c_str()));
     EXPECT_EQ(-1, ini.GetErrLine());
     EXPECT_EQ(0, ini.GetNumSections());  // the old contents are gone
-    EXPECT_EQ(0, ini.Read(nullptr));
     EXPECT_EQ(0, ini.Read(dir.path().c_str()));  // a folder
-}
 
-TEST(CTQMIniFile, UnreadableFileFailsLikeAMissingOne)
-{
-    TempDir dir;
+    // A file somebody holds without sharing fails like a missing one.
     std::string path = dir.file("locked.ini");
     ASSERT_TRUE(WriteBytes(path, "[S]\r\nk=v\r\n"));
     HANDLE hLock = CreateFileA(path.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
     ASSERT_NE(INVALID_HANDLE_VALUE, hLock);
-    CTQMIniFile ini;
     EXPECT_EQ(0, ini.Read(path.c_str()));
     EXPECT_EQ(-1, ini.GetErrLine());
     CloseHandle(hLock);
@@ -95,12 +85,8 @@ TEST(CTQMIniFile, UnreadableFileFailsLikeAMissingOne)
 
 TEST(CTQMIniFile, MalformedLinesStopReadingAtTheirLine)
 {
-    struct
-    {
-        const char* bytes;
-        int line;                // zero-based
-        int sectionsKept;
-    } const cases[] = {
+    // The failing line counts from 0.
+    const struct { const char* bytes; int line; int sectionsKept; } cases[] = {
         {"[S]\r\nk=v\r\n[Broken\r\n[T]\r\n", 2, 1},
         {"[S]\r\n[]\r\n", 1, 1},
         {"[S]\r\n[ \xA0 ]\r\n", 1, 1},
@@ -136,7 +122,7 @@ TEST(CTQMIniFile, LineGrammar)
                            "\xC4wide\xFF=\xA0v\xE4l\xE4\r\n"
                            "[main]\r\n"
                            "other=x\r\n"
-                           "[S]\r\n"
+                           "[S]x]\r\n"
                            "last=no line end"));
     EXPECT_EQ((std::vector<std::string>{"[Main]", "name=some value", "a=b=c", "empty=", "key=2", "wide=v\xE4l",
                                         "[main]", "other=x", "[S]", "last=no line end"}),
@@ -170,45 +156,25 @@ TEST(CTQMIniFile, LongLinesAndOddBytes)
     EXPECT_STREQ("S", ini.GetSectionName(0));
 }
 
-TEST(CTQMIniFile, LookupsByIndexAndDefaults)
-{
-    CTQMIniFile ini;
-    ini.SetEntryValue("A", "x", "1");
-    ini.SetEntryValue("B", "y", "2");
-    const char* def = "default";
-    EXPECT_EQ(def, ini.GetEntryValue("A", "missing", def));
-    EXPECT_EQ(def, ini.GetEntryValue("Missing", "x", def));
-    EXPECT_EQ(def, ini.GetEntryValue(2, 0, def));
-    EXPECT_EQ(def, ini.GetEntryValue(0, 1, def));
-    EXPECT_STREQ("2", ini.GetEntryValue(1, 0));
-    EXPECT_STREQ("2", ini.GetEntryValue(1, "Y"));
-    EXPECT_STREQ("", ini.GetEntryValue(1, "x"));
-    EXPECT_STREQ("", ini.GetSectionName(2));
-    EXPECT_STREQ("", ini.GetEntryName(0, 1));
-    EXPECT_EQ(0, ini.GetNumEntries(5));
-    EXPECT_EQ(-1, ini.GetSectionIndex("C"));
-    EXPECT_EQ(-1, ini.GetEntryIndex(0, "y"));
-    EXPECT_EQ(-1, ini.GetEntryIndex("B", "x"));
-    EXPECT_EQ(0, ini.GetEntryIndex(1, "y"));
-    EXPECT_EQ(0, ini.GetNumEntries("C"));
-}
-
-TEST(CTQMIniFile, NegativeIndexesThrowInvalidArg)
+TEST(CTQMIniFile, MissesGiveTheCallersDefaultAndNegativeIndexesThrow)
 {
     TestIni ini;
     ini.SetEntryValue("A", "x", "1");
+    ini.SetEntryValue("B", "y", "2");
+    const char* def = "default";
+    EXPECT_EQ(def, ini.GetEntryValue("A", "missing", def)) << "the caller's own pointer";
+    EXPECT_EQ(def, ini.GetEntryValue(2, 0, def));
+    EXPECT_STREQ("2", ini.GetEntryValue(1, "Y"));
+    EXPECT_STREQ("", ini.GetEntryValue(1, "x"));
+    EXPECT_EQ(-1, ini.GetEntryIndex("B", "x"));
+
+    // Checked in the caller's module, before the library is called.
     ExpectInvalidArg([&] { ini.GetEntryValue(-1, 0); }, "GetEntryValue(-1, 0)");
     ExpectInvalidArg([&] { ini.GetEntryValue(0, -1, "d"); }, "GetEntryValue(0, -1, d)");
-    ExpectInvalidArg([&] { ini.GetEntryValue(-1, "x"); }, "GetEntryValue(-1, name)");
     ExpectInvalidArg([&] { ini.GetNumEntries(-1); }, "GetNumEntries(-1)");
-    ExpectInvalidArg([&] { ini.GetSectionName(-1); }, "GetSectionName(-1)");
-    ExpectInvalidArg([&] { ini.GetEntryName(0, -1); }, "GetEntryName(0, -1)");
     ExpectInvalidArg([&] { ini.GetEntryIndex(-1, "x"); }, "GetEntryIndex(-1, name)");
     ExpectInvalidArg([&] { ini.findSection(-1); }, "findSection(-1)");
-    ExpectInvalidArg([&] { ini.findEntry(-1); }, "findEntry(-1)");
-    EXPECT_EQ(1, ini.findSection(0));
     EXPECT_EQ(1, ini.findEntry(0));
-    EXPECT_EQ(2, ini.CurrentNameLength());  // the name's length + 1
 }
 
 TEST(CTQMIniFile, SetEntryValueRules)
@@ -261,9 +227,6 @@ TEST(CTQMIniFile, SetFileCommentRules)
     EXPECT_EQ(1, ini.SetFileComment("#a\ninner lines are not checked\n"));
     EXPECT_EQ(0, ini.SetFileComment(""));  // clears, yet 0
     EXPECT_STREQ("", ini.GetFileComment());
-    ini.SetFileComment("; x\n");
-    EXPECT_EQ(0, ini.SetFileComment(nullptr));
-    EXPECT_STREQ("", ini.GetFileComment());
 }
 
 TEST(CTQMIniFile, RemoveSectionsAndEntries)
@@ -275,7 +238,6 @@ TEST(CTQMIniFile, RemoveSectionsAndEntries)
     ini.SetEntryValue("B", "3", "d");
     EXPECT_EQ(1, ini.RemoveEntry("b", "2"));
     EXPECT_EQ(0, ini.RemoveEntry("b", "2"));
-    EXPECT_EQ(0, ini.RemoveEntry("C", "1"));
     EXPECT_EQ(1, ini.RemoveSection("a"));
     EXPECT_EQ(0, ini.RemoveSection("a"));
     EXPECT_EQ((std::vector<std::string>{"[B]", "1=b", "3=d"}), contentsOf(ini));
@@ -323,7 +285,7 @@ TEST(CTQMIniFile, WriteCutsLinesAt1024Characters)
     EXPECT_EQ("[S]\r\nk=" + std::string(1021, 'v') + "next=x\r\n\r\n", ReadBytes(path));
 }
 
-TEST(CTQMIniFile, FailedWriteLeavesTheOldFile)
+TEST(CTQMIniFile, WriteReplacesTheFileOnlyWhenItSucceeds)
 {
     TempDir dir;
     std::string path = dir.file("keep.ini");
@@ -337,33 +299,15 @@ TEST(CTQMIniFile, FailedWriteLeavesTheOldFile)
 
     EXPECT_EQ(0, ini.Write(dir.file("no\\such\\folder\\x.ini").c_str()));
     EXPECT_EQ(0, ini.Write(dir.path().c_str()));
-    EXPECT_EQ(0, ini.Write(""));
 
-    // Neither the failures nor a success leave a temporary file behind.
-    ASSERT_EQ(1, ini.Write(path.c_str()));
-    WIN32_FIND_DATAA data;
-    HANDLE hFind = FindFirstFileA(dir.file("*").c_str(), &data);
-    ASSERT_NE(INVALID_HANDLE_VALUE, hFind);
-    std::vector<std::string> names;
-    do {
-        if (data.cFileName[0] != '.')
-            names.push_back(data.cFileName);
-    } while (FindNextFileA(hFind, &data));
-    FindClose(hFind);
-    EXPECT_EQ(std::vector<std::string>{"keep.ini"}, names);
-}
-
-TEST(CTQMIniFile, WriteKeepsAHiddenFileHidden)
-{
-    TempDir dir;
-    std::string path = dir.file("hidden.ini");
-    ASSERT_TRUE(WriteBytes(path, "[Old]\r\n"));
+    // Neither the failures nor a success leave a temporary file behind, and
+    // a hidden file stays hidden.
     SetFileAttributesA(path.c_str(), FILE_ATTRIBUTE_HIDDEN);
-    CTQMIniFile ini;
-    ini.SetEntryValue("New", "k", "v");
     ASSERT_EQ(1, ini.Write(path.c_str()));
     EXPECT_TRUE(GetFileAttributesA(path.c_str()) & FILE_ATTRIBUTE_HIDDEN);
     EXPECT_EQ("[New]\r\nk=v\r\n\r\n", ReadBytes(path));
+    EXPECT_EQ(1u, tqmtest::SnapshotTree(dir.path()).count("keep.ini"));
+    EXPECT_EQ(1u, tqmtest::SnapshotTree(dir.path()).size());
 }
 
 TEST(CTQMIniFile, CopiesAreDeep)
@@ -371,19 +315,15 @@ TEST(CTQMIniFile, CopiesAreDeep)
     CTQMIniFile original;
     original.SetFileComment("; c\n");
     original.SetEntryValue("S", "k", "v");
-    {
-        CTQMIniFile copy(original);
-        copy.SetEntryValue("S", "k", "changed");
-        copy.SetEntryValue("T", "n", "new");
-        EXPECT_STREQ("; c\n", copy.GetFileComment());
-        EXPECT_EQ(2, copy.GetNumSections());
-    }
-    EXPECT_STREQ("v", original.GetEntryValue("S", "k"));
-    EXPECT_EQ(1, original.GetNumSections());
-
     CTQMIniFile assigned;
     assigned.SetEntryValue("Gone", "x", "y");
     assigned = original;
+    {
+        CTQMIniFile copy(original);
+        copy.SetEntryValue("S", "k", "changed");
+        EXPECT_STREQ("; c\n", copy.GetFileComment());
+    }
+    EXPECT_STREQ("v", original.GetEntryValue("S", "k"));
     original.RemoveAll();
     EXPECT_EQ((std::vector<std::string>{"[S]", "k=v"}), contentsOf(assigned));
     assigned = assigned;
@@ -402,19 +342,13 @@ TEST(CTQMIniFile, BigSectionsAndManySectionsStayConsistent)
     EXPECT_STREQ("119", ini.GetEntryValue("SEC19", "n"));
 
     EXPECT_EQ(1, ini.SetEntryValue("big", "KEY1500", "replaced"));
-    EXPECT_EQ(1500, ini.GetEntryIndex("Big", "key1500"));
     EXPECT_EQ(1, ini.RemoveEntry("Big", "Key10"));
     EXPECT_EQ(1499, ini.GetEntryIndex("Big", "key1500"));
     EXPECT_STREQ("replaced", ini.GetEntryValue("Big", "Key1500"));
     EXPECT_EQ(-1, ini.GetEntryIndex("Big", "Key10"));
-    EXPECT_EQ(2998, ini.GetEntryIndex("Big", "Key2999"));
-    EXPECT_EQ(2999, ini.GetNumEntries("Big"));
 
     EXPECT_EQ(1, ini.RemoveSection("Sec5"));
     EXPECT_EQ(6, ini.GetSectionIndex("Sec6"));  // "Big" comes first
-    EXPECT_EQ(1, ini.SetEntryValue("Sec5", "n", "again"));
-    EXPECT_EQ(100, ini.GetSectionIndex("sec5"));
-    EXPECT_EQ(99, ini.GetSectionIndex("sec99"));
 
     // Repeated headers: the first section of the name answers. A big section
     // read from a file is looked up as well as one built by calls.
@@ -427,20 +361,15 @@ TEST(CTQMIniFile, BigSectionsAndManySectionsStayConsistent)
         text += "k" + std::to_string(i % 400) + "=" + std::to_string(i) + "\r\n";
     CTQMIniFile repeated;
     ASSERT_EQ(1, readBytes(repeated, dir, text));
-    EXPECT_EQ(201, repeated.GetNumSections());
     EXPECT_STREQ("7", repeated.GetEntryValue("s7", "v"));
     EXPECT_EQ(1, repeated.RemoveSection("S7"));
     EXPECT_STREQ("77", repeated.GetEntryValue("s7", "v"));
     EXPECT_EQ(400, repeated.GetNumEntries("wide"));
     EXPECT_STREQ("499", repeated.GetEntryValue("Wide", "K99"));
-    EXPECT_STREQ("100", repeated.GetEntryValue("Wide", "K100"));
-    EXPECT_EQ(1, repeated.SetEntryValue("Wide", "new", "x"));
-    EXPECT_EQ(400, repeated.GetEntryIndex("Wide", "NEW"));
 
     // Read again into the same document: nothing of the old contents remains.
     ASSERT_EQ(1, readBytes(repeated, dir, "[Wide]\r\nk1=one\r\n"));
     EXPECT_EQ(1, repeated.GetNumEntries("Wide"));
-    EXPECT_STREQ("", repeated.GetEntryValue("Wide", "k2"));
     EXPECT_STREQ("one", repeated.GetEntryValue("Wide", "K1"));
 }
 

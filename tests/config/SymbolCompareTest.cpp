@@ -19,20 +19,15 @@ TEST(SymbolCompare, FoldingTableFollowsTheSystemAndEndsAt255)
 
 TEST(SymbolCompare, OrdersNamesCaseFoldedNumbersByValueUnderscoreFirst)
 {
-    struct Case
-    {
-        const char* a;
-        const char* b;
-        int expected;  // sign
-    } cases[] = {
+    struct Case { const char* a; const char* b; int expectedSign; } cases[] = {
         {"abc", "ABC", 0},   {"R2", "R10", -1},  {"a1b", "a01b", 0},   {"X9", "X10", -1},    {"A_B", "AB", -1},
         {"A_", "A", 1},      {"_", "A", -1},     {"a", "ab", -1},      {"", "", 0},          {"R10b", "R10a", 1},
         {"V2.10", "V2.9", 1}, {"x007", "x7", 0}, {"a\xFF" "b", "a\xFF" "c", 0},  // 255 ends the text
         {"z", "\xC9", -1},   // bytes above 127 sort after ASCII
     };
     for (const Case& c : cases) {
-        EXPECT_EQ(c.expected, sign(TQMSymCmp(c.a, c.b))) << c.a << " vs " << c.b;
-        EXPECT_EQ(-c.expected, sign(TQMSymCmp(c.b, c.a))) << c.b << " vs " << c.a;
+        EXPECT_EQ(c.expectedSign, sign(TQMSymCmp(c.a, c.b))) << c.a << " vs " << c.b;
+        EXPECT_EQ(-c.expectedSign, sign(TQMSymCmp(c.b, c.a))) << c.b << " vs " << c.a;
     }
     EXPECT_EQ(-8, TQMSymCmp("R2", "R10"));  // numbers differ by their difference
 }

@@ -25,11 +25,7 @@ TEST(TextEdit, BlanksAreNineToThirteenAndSpaceForEverySkipper)
 
 TEST(TextEdit, TrimRightCutsTrailingBlanksOnly)
 {
-    struct Case
-    {
-        const char* text;
-        const char* trimmed;
-    } cases[] = {{"abc \t\r\n", "abc"}, {" a b ", " a b"}, {" \t\v\f ", ""}, {"", ""}, {"x\xA0", "x\xA0"}};
+    struct Case { const char* text; const char* trimmed; } cases[] = {{"abc \t\r\n", "abc"}, {" a b ", " a b"}, {" \t\v\f ", ""}, {"", ""}, {"x\xA0", "x\xA0"}};
     for (const Case& c : cases) {
         char buf[32];
         memset(buf, '#', sizeof(buf));
@@ -42,13 +38,7 @@ TEST(TextEdit, TrimRightCutsTrailingBlanksOnly)
 
 TEST(TextEdit, InsertStringMovesTheTailAndStaysInItsRoom)
 {
-    struct Case
-    {
-        const char* text;
-        int pos;
-        const char* ins;
-        const char* result;
-    } cases[] = {
+    struct Case { const char* text; int pos; const char* ins; const char* result; } cases[] = {
         {"abc", 0, "XY", "XYabc"}, {"abc", 1, "XY", "aXYbc"}, {"abc", 3, "XY", "abcXY"}, {"abc", 4, "XY", "abc"},
         {"abc", -1, "XY", "abc"},  {"abc", 1, "", "abc"},     {"", 0, "XY", "XY"},
     };

@@ -23,12 +23,7 @@ Tokens tokens(const char* text, char sep)
 
 TEST(Tokenizer, SplitsAtEverySeparatorWithoutQuotingOrTrimming)
 {
-    struct Case
-    {
-        const char* text;
-        char sep;
-        Tokens expected;
-    } cases[] = {
+    struct Case { const char* text; char sep; Tokens expected; } cases[] = {
         {"a,,b", ',', {"a", "", "b"}},
         {"a,b,", ',', {"a", "b", ""}},
         {"", ',', {""}},

@@ -14,46 +14,24 @@ namespace {
 
 const char kDigits[] = "123456789";
 
-TEST(Crc32, CheckValueAndTable)
+TEST(Crc32, CheckValues)
 {
     EXPECT_EQ(0xCBF43926u, TQMCrc32(kDigits, 9));
     EXPECT_EQ(0u, TQMCrc32(kDigits, 0));
-    EXPECT_EQ(0x00000000u, tqm::kCrc32Table[0]);
-    EXPECT_EQ(0x77073096u, tqm::kCrc32Table[1]);
-    EXPECT_EQ(0xEE0E612Cu, tqm::kCrc32Table[2]);
-    EXPECT_EQ(0x990951BAu, tqm::kCrc32Table[3]);
-    EXPECT_EQ(0x2D02EF8Du, tqm::kCrc32Table[255]);
     // Published values of the zlib CRC.
     EXPECT_EQ(0x414FA339u, TQMCrc32("The quick brown fox jumps over the lazy dog", 43));
-    EXPECT_EQ(0xE8B7BE43u, TQMCrc32("a", 1));
-}
-
-TEST(Crc32, PartialIsRunningValueAndPiecesAddUp)
-{
+    // The partial form is the running value: no start or final inversion.
     EXPECT_EQ(0x12345678u, TQMCrc32Partial(0x12345678, kDigits, 0));
-    EXPECT_EQ(TQMCrc32(kDigits, 9), ~TQMCrc32Partial(0xFFFFFFFF, kDigits, 9));
-
-    std::string data;
-    for (int i = 0; i < 1000; ++i)
-        data += static_cast<char>(i * 7 + (i >> 3));
-    DWORD whole = TQMCrc32(data.data(), static_cast<UINT>(data.size()));
-    for (size_t split : {size_t(0), size_t(1), size_t(3), size_t(500), size_t(999), data.size()}) {
-        DWORD c = TQMCrc32Partial(0xFFFFFFFF, data.data(), static_cast<UINT>(split));
-        c = TQMCrc32Partial(c, data.data() + split, static_cast<UINT>(data.size() - split));
-        EXPECT_EQ(whole, ~c) << "split at " << split;
-    }
+    const DWORD first = TQMCrc32Partial(0xFFFFFFFF, kDigits, 4);
+    EXPECT_EQ(TQMCrc32(kDigits, 9), ~TQMCrc32Partial(first, kDigits + 4, 5));
 }
 
-TEST(Crc16, CheckValueTableAndStartValue)
+TEST(Crc16, CheckValueAndStartValue)
 {
     WORD before = CrcCalc(0, const_cast<char*>(kDigits), 9);
     CrcInit();
     EXPECT_EQ(0x31C3, before);
     EXPECT_EQ(0x31C3, CrcCalc(0, const_cast<char*>(kDigits), 9));
-    EXPECT_EQ(0x1021, tqm::kCrc16Table[1]);
-    EXPECT_EQ(0x0000, tqm::kCrc16Table[0]);
-    EXPECT_EQ(0x1EF0, tqm::kCrc16Table[255]);
-    EXPECT_EQ(0xABCD, CrcCalc(0xABCD, const_cast<char*>(kDigits), 0));
     // CRC-16/CCITT-FALSE is the same update from 0xFFFF.
     EXPECT_EQ(0x29B1, CrcCalc(0xFFFF, const_cast<char*>(kDigits), 9));
     // A running value carries over between pieces.
@@ -62,29 +40,18 @@ TEST(Crc16, CheckValueTableAndStartValue)
     EXPECT_EQ(0x31C3, CrcCalc(CrcCalc(0, digits, 4), digits + 4, 5));
 }
 
-class CrcFileCalcTest : public ::testing::Test
+TEST(CrcFileCalc, ChecksumsTheTextHeadOnly)
 {
-protected:
     tqmtest::TempDir dir;
-};
-
-TEST_F(CrcFileCalcTest, ChecksumsTheTextHeadOnly)
-{
     std::string text(2000, 'x');
     for (size_t i = 0; i < text.size(); ++i)
         text[i] = static_cast<char>('a' + i % 26);
-    struct Case
-    {
-        const char* name;
-        std::string bytes;
-        size_t counted;  // leading bytes the checksum covers
-    } cases[] = {
+    // counted: the leading bytes the checksum covers.
+    struct Case { const char* name; std::string bytes; size_t counted; } cases[] = {
         {"long.txt", text, 1024},
-        {"exact.txt", text.substr(0, 1024), 1024},
         {"short.txt", text.substr(0, 10), 10},
         {"zero-inside.txt", text.substr(0, 5) + std::string(1, '\0') + text.substr(0, 100), 5},
         {"zero-first.txt", std::string(1, '\0') + text, 0},
-        {"empty.txt", "", 0},
     };
     tqmtest::BoxRecorder boxes;
     for (const Case& c : cases) {
@@ -96,8 +63,9 @@ TEST_F(CrcFileCalcTest, ChecksumsTheTextHeadOnly)
     EXPECT_EQ(0u, boxes.count());
 }
 
-TEST_F(CrcFileCalcTest, FileThatCannotBeOpenedGivesZeroAndABox)
+TEST(CrcFileCalc, FileThatCannotBeOpenedGivesZeroAndABox)
 {
+    tqmtest::TempDir dir;
     std::string missing = dir.file("missing.txt");
     tqmtest::BoxRecorder boxes;
     EXPECT_EQ(0, CrcFileCalc(reinterpret_cast<HWND>(0), missing.c_str()));
@@ -113,11 +81,6 @@ TEST_F(CrcFileCalcTest, FileThatCannotBeOpenedGivesZeroAndABox)
     ASSERT_NE(INVALID_HANDLE_VALUE, hWriter);
     EXPECT_EQ(0, CrcFileCalc(nullptr, busy.c_str()));
     CloseHandle(hWriter);
-    EXPECT_EQ(2u, boxes.count());
-    // A reader beside it does not.
-    HANDLE hReader = CreateFileA(busy.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
-    EXPECT_EQ(CrcCalc(0, const_cast<char*>("text"), 4), CrcFileCalc(nullptr, busy.c_str()));
-    CloseHandle(hReader);
     EXPECT_EQ(2u, boxes.count());
 }
 

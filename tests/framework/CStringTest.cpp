@@ -1,4 +1,5 @@
-// CString: construction, buffers, formatting, searching, trimming, casing.
+// CString: embedded NULs, its own text as an argument, buffers, formatting,
+// the edges of extraction, searching and editing, bounds checks.
 #include "framework/CString.h"
 #include "framework/Exceptions.h"
 
@@ -24,58 +25,42 @@ TEST(CString, ConstructionKeepsEveryCharacter)
     EXPECT_EQ(0, CString('x', -1).GetLength());
 
     CString embedded("a\0b", 3);
-    EXPECT_EQ(3, embedded.GetLength());
     EXPECT_EQ(std::string("a\0b", 3), bytesOf(embedded));
     CString copy(embedded);
-    EXPECT_EQ(std::string("a\0b", 3), bytesOf(copy));
     copy = "other";
     copy = embedded;
     EXPECT_EQ(std::string("a\0b", 3), bytesOf(copy));
 }
 
-TEST(CString, MovedFromStringIsEmptyAndUsable)
-{
-    CString a("text");
-    CString b(static_cast<CString&&>(a));
-    EXPECT_STREQ("text", b);
-    EXPECT_TRUE(a.IsEmpty());
-    a += "again";
-    EXPECT_STREQ("again", a);
-}
-
-TEST(CString, AssignmentFromOwnCharacters)
+// Every member that takes text may be given the string's own characters.
+TEST(CString, OwnCharactersAsArgument)
 {
     CString s("abcdef");
     s = s.GetString() + 2;
     EXPECT_STREQ("cdef", s);
     s = s;
     EXPECT_STREQ("cdef", s);
-}
 
-TEST(CString, SelfAppendDoublesTheText)
-{
-    CString s("ab");
+    CString d("ab");
     for (int i = 0; i < 12; ++i)
-        s += s;
-    EXPECT_EQ(2 << 12, s.GetLength());
-    EXPECT_EQ(0, strncmp(s.GetString() + s.GetLength() - 4, "abab", 4));
+        d += d;
+    EXPECT_EQ(2 << 12, d.GetLength());
     CString t("xyz");
     t += t.GetString() + 1;  // a tail of itself
     EXPECT_STREQ("xyzyz", t);
-}
+    t.Insert(0, t.GetString() + 3);
+    EXPECT_STREQ("yzxyzyz", t);
 
-TEST(CString, ConcatenationOperators)
-{
-    CString a("a");
-    EXPECT_STREQ("ab", a + "b");
-    EXPECT_STREQ("ba", "b" + a);
-    EXPECT_STREQ("ac", a + 'c');
-    EXPECT_STREQ("ca", 'c' + a);
-    EXPECT_STREQ("aa", a + a);
-    a += 'z';
-    a.AppendChar('!');
-    a.Append("xyz", 2);
-    EXPECT_STREQ("az!xy", a);
+    s = "self";
+    s.Format("[%s]", static_cast<const char*>(s));
+    EXPECT_STREQ("[self]", s);
+    s.AppendFormat("%s", static_cast<const char*>(s));
+    EXPECT_STREQ("[self][self]", s);
+
+    CString m(static_cast<CString&&>(t));
+    EXPECT_TRUE(t.IsEmpty()) << "a moved-from string is empty and usable";
+    t += "again";
+    EXPECT_STREQ("again", t);
 }
 
 TEST(CString, GetBufferAndReleaseBuffer)
@@ -93,15 +78,9 @@ TEST(CString, GetBufferAndReleaseBuffer)
     s.ReleaseBuffer();
     EXPECT_STREQ("short", s);
 
-    p = s.GetBuffer(10);
-    memcpy(p, "0123456789", 10);
+    s.GetBuffer(10)[5] = 'x';
     s.ReleaseBuffer(4);
-    EXPECT_STREQ("0123", s);
-
-    CString e;
-    e.GetBuffer(0)[0] = '\0';
-    e.ReleaseBuffer();
-    EXPECT_TRUE(e.IsEmpty());
+    EXPECT_STREQ("shor", s);
 
     CString grow("ab");
     grow.GetBufferSetLength(5);
@@ -122,72 +101,31 @@ TEST(CString, FormatWritesLongOutputWhole)
     ASSERT_EQ(5002, s.GetLength());
     EXPECT_EQ('>', s[5001]);
 
-    s.Format("%u %ld %lld %x", 4000000000u, -7L, 1LL << 40, 255);
-    EXPECT_STREQ("4000000000 -7 1099511627776 ff", s);
-
-    s = "old";
-    s.Format("%s", "");
-    EXPECT_TRUE(s.IsEmpty());
 
     s = "head:";
     s.AppendFormat("%03d", 7);
     EXPECT_STREQ("head:007", s);
-
-    // Formatting a string with its own text as the argument.
-    s = "self";
-    s.Format("[%s]", static_cast<const char*>(s));
-    EXPECT_STREQ("[self]", s);
-    s.AppendFormat("%s", static_cast<const char*>(s));
-    EXPECT_STREQ("[self][self]", s);
 }
 
-TEST(CString, Comparisons)
+TEST(CString, NullComparisonAndExtractionOutOfRange)
 {
-    CString s("Alpha");
-    EXPECT_EQ(0, s.Compare("Alpha"));
-    EXPECT_LT(s.Compare("alpha"), 0);
-    EXPECT_EQ(0, s.CompareNoCase("aLPHA"));
-    EXPECT_NE(0, s.CompareNoCase("alphas"));
-    EXPECT_GT(s.Compare(nullptr), 0);
-    EXPECT_TRUE(s == "Alpha");
-    EXPECT_TRUE("Alpha" == s);
-    EXPECT_TRUE(s != CString("alpha"));
-    EXPECT_TRUE(CString("a") < CString("b"));
-    EXPECT_TRUE(CString("b") >= CString("b"));
-}
+    EXPECT_GT(CString("Alpha").Compare(nullptr), 0);
 
-TEST(CString, Extraction)
-{
-    CString s("abcdef");
-    EXPECT_STREQ("abc", s.Left(3));
-    EXPECT_STREQ("", s.Left(-1));
-    EXPECT_STREQ("abcdef", s.Left(99));
-    EXPECT_STREQ("cdef", s.Mid(2));
-    EXPECT_STREQ("cd", s.Mid(2, 2));
-    EXPECT_STREQ("", s.Mid(6));
-    EXPECT_STREQ("", s.Mid(2, -3));
-    EXPECT_STREQ("abcdef", s.Mid(-4));
-    EXPECT_STREQ("ef", s.Right(2));
-    EXPECT_STREQ("abcdef", s.Right(10));
-    EXPECT_STREQ("", s.Right(-2));
+    CString t("abcdef");
+    EXPECT_STREQ("", t.Left(-1));
+    EXPECT_STREQ("abcdef", t.Left(99));
+    EXPECT_STREQ("", t.Mid(6));
+    EXPECT_STREQ("", t.Mid(2, -3));
+    EXPECT_STREQ("abcdef", t.Mid(-4));
+    EXPECT_STREQ("abcdef", t.Right(10));
     EXPECT_STREQ("abc", CString("abc123").SpanExcluding("0123456789"));
-    EXPECT_STREQ("12", CString("12ab").SpanIncluding("0123456789"));
 }
 
 TEST(CString, Searching)
 {
     CString s("a.b.c");
-    EXPECT_EQ(1, s.Find('.'));
     EXPECT_EQ(3, s.Find('.', 2));
-    EXPECT_EQ(-1, s.Find('.', 4));
-    EXPECT_EQ(-1, s.Find('.', 99));
     EXPECT_EQ(-1, s.Find('.', -1));
-    EXPECT_EQ(2, s.Find("b.c"));
-    EXPECT_EQ(0, s.Find(""));
-    EXPECT_EQ(-1, s.Find("b", 3));
-    EXPECT_EQ(3, s.ReverseFind('.'));
-    EXPECT_EQ(-1, s.ReverseFind('x'));
-    EXPECT_EQ(1, s.FindOneOf("x.b"));
 
     CString withNul("ab\0cb", 5);
     EXPECT_EQ(4, withNul.Find('b', 2));      // a character search sees past a NUL
@@ -198,42 +136,24 @@ TEST(CString, Trimming)
 {
     CString s(" \t x y \r\n");
     EXPECT_STREQ("x y", CString(s).Trim());
-    EXPECT_STREQ("x y \r\n", CString(s).TrimLeft());
-    EXPECT_STREQ(" \t x y", CString(s).TrimRight());
-    EXPECT_STREQ("x", CString("--x--").Trim('-'));
-    EXPECT_STREQ("x-+", CString("+-x-+").TrimLeft("+-"));
-    EXPECT_STREQ("ab", CString("ab=;=").TrimRight("=;"));
     EXPECT_STREQ("", CString("   ").Trim());
-    EXPECT_STREQ("", CString().Trim());
     // Bytes above 127 are not blanks for these members.
     EXPECT_STREQ("\xA0x\xA0", CString("\xA0x\xA0").Trim());
 }
 
-TEST(CString, CaseAndEditing)
+TEST(CString, Editing)
 {
     EXPECT_STREQ("ABC-1", CString("aBc-1").MakeUpper());
-    EXPECT_STREQ("abc-1", CString("aBc-1").MakeLower());
-    EXPECT_STREQ("", CString().MakeUpper());
-    EXPECT_STREQ("cba", CString("abc").MakeReverse());
-
     CString s("a-b-c");
-    EXPECT_EQ(2, s.Replace('-', '+'));
-    EXPECT_STREQ("a+b+c", s);
-    EXPECT_EQ(2, s.Replace("+", "<>"));
+    EXPECT_EQ(2, s.Replace("-", "<>"));
     EXPECT_STREQ("a<>b<>c", s);
     EXPECT_EQ(0, s.Replace("", "x"));
     EXPECT_EQ(2, s.Remove('<'));
-    EXPECT_STREQ("a>b>c", s);
-    EXPECT_EQ(6, s.Insert(1, "_"));
-    EXPECT_STREQ("a_>b>c", s);
-    EXPECT_EQ(7, s.Insert(99, '!'));
-    EXPECT_EQ(4, s.Delete(1, 3));
-    EXPECT_STREQ("a>c!", s);
-    EXPECT_EQ(4, s.Delete(9, 1));
-    s.Truncate(2);
-    EXPECT_STREQ("a>", s);
-    s.Insert(0, s.GetString() + 1);  // inserting a part of itself
-    EXPECT_STREQ(">a>", s);
+    EXPECT_EQ(6, s.Insert(99, '!'));
+    EXPECT_STREQ("a>b>c!", s);
+    EXPECT_EQ(3, s.Delete(1, 3));
+    EXPECT_STREQ("ac!", s);
+    EXPECT_EQ(3, s.Delete(9, 1));
 }
 
 TEST(CString, IndexAccessIsBoundsChecked)

@@ -24,29 +24,22 @@ std::vector<std::string> itemsOf(const CStringList& list)
 TEST(CStringArray, AddInsertRemoveKeepOrder)
 {
     CStringArray a;
-    EXPECT_EQ(0, a.Add("b"));
-    EXPECT_EQ(1, a.Add(CString("d")));
+    a.Add("b");
+    a.Add("d");
     a.InsertAt(0, "a");
     a.InsertAt(2, "c");
-    ASSERT_EQ(4, a.GetSize());
-    EXPECT_STREQ("a", a[0]);
-    EXPECT_STREQ("c", a.GetAt(2));
-    EXPECT_EQ(3, a.GetUpperBound());
     a.RemoveAt(1, 2);
-    EXPECT_EQ(2, a.GetCount());
+    ASSERT_EQ(2, a.GetSize());
     EXPECT_STREQ("d", a[1]);
     a.SetAtGrow(4, "e");
     EXPECT_EQ(5, a.GetSize());
     EXPECT_STREQ("", a[3]);
-    a[3] = "x";
-    EXPECT_STREQ("x", a.ElementAt(3));
 
     CStringArray b;
     b.Copy(a);
     b.Append(a);
     EXPECT_EQ(10, b.GetSize());
-    b.RemoveAll();
-    EXPECT_TRUE(b.IsEmpty());
+    EXPECT_STREQ("e", b[9]);
 }
 
 TEST(CStringArray, OutOfRangeAccessThrowsInvalidArg)
@@ -56,23 +49,10 @@ TEST(CStringArray, OutOfRangeAccessThrowsInvalidArg)
     ExpectInvalidArg([&] { a.GetAt(-1); }, "GetAt(-1)");
     ExpectInvalidArg([&] { a.GetAt(1); }, "GetAt(size)");
     ExpectInvalidArg([&] { a[-1] = "x"; }, "operator[](-1)");
-    ExpectInvalidArg([&] { a.SetAt(5, "x"); }, "SetAt beyond the end");
     ExpectInvalidArg([&] { a.RemoveAt(0, 2); }, "RemoveAt past the end");
     ExpectInvalidArg([&] { a.InsertAt(-1, "x"); }, "InsertAt(-1)");
-    ExpectInvalidArg([&] { a.SetAtGrow(-1, "x"); }, "SetAtGrow(-1)");
     ExpectInvalidArg([&] { a.SetSize(-1); }, "SetSize(-1)");
     EXPECT_EQ(1, a.GetSize());  // nothing changed on the way
-}
-
-TEST(CPtrArray, HoldsPointersByPosition)
-{
-    int x = 1, y = 2;
-    CPtrArray a;
-    a.Add(&x);
-    a.Add(&y);
-    a.RemoveAt(0);
-    EXPECT_EQ(&y, a[0]);
-    ExpectInvalidArg([&] { a.GetAt(1); }, "CPtrArray GetAt(size)");
 }
 
 TEST(CStringList, WalkInsertAndRemove)
@@ -89,9 +69,6 @@ TEST(CStringList, WalkInsertAndRemove)
     list.RemoveAt(b);
     EXPECT_STREQ("0", list.RemoveHead());
     EXPECT_STREQ("d", list.RemoveTail());
-    EXPECT_EQ((std::vector<std::string>{"a", "c"}), itemsOf(list));
-
-    // Walking backwards.
     std::vector<std::string> back;
     for (POSITION pos = list.GetTailPosition(); pos;)
         back.push_back(list.GetPrev(pos).GetString());
@@ -110,8 +87,6 @@ TEST(CStringList, FindIsCaseSensitiveAndResumes)
     ASSERT_NE(nullptr, second);
     EXPECT_EQ(list.FindIndex(2), second);
     EXPECT_EQ(nullptr, list.Find("x", second));
-    EXPECT_EQ(list.FindIndex(1), list.Find("X"));
-    EXPECT_EQ(nullptr, list.FindIndex(3));
     EXPECT_EQ(nullptr, list.FindIndex(-1));
 }
 
@@ -125,9 +100,6 @@ TEST(CStringList, CopyAndSelfAppend)
     CStringList copy(list);
     copy.SetAt(copy.GetHeadPosition(), "z");
     EXPECT_STREQ("a", list.GetHead());
-    list = copy;
-    EXPECT_STREQ("z", list.GetHead());
-    EXPECT_STREQ("b", list.GetTail());
 }
 
 TEST(CStringList, EmptyListAccessThrowsInvalidArg)

@@ -20,29 +20,7 @@ using tqmtest::WriteBytes;
 
 DWORD Attributes(const std::string& path) { return GetFileAttributesA(path.c_str()); }
 
-// Every entry below a folder with its kind, read-only state and bytes, to
-// show that a refused or failed operation changed nothing.
 using Snapshot = std::map<std::string, std::string>;
-
-void TakeSnapshot(const std::string& dir, const std::string& prefix, Snapshot& snapshot)
-{
-    WIN32_FIND_DATAA entry;
-    HANDLE hFind = FindFirstFileA((dir + "\\*").c_str(), &entry);
-    if (hFind == INVALID_HANDLE_VALUE)
-        return;
-    do {
-        const std::string name = entry.cFileName;
-        if (name == "." || name == "..")
-            continue;
-        const std::string path = dir + "\\" + name;
-        const bool isDir = (entry.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
-        snapshot[prefix + name] = (isDir ? "dir" : ReadBytes(path)) +
-                                  ((entry.dwFileAttributes & FILE_ATTRIBUTE_READONLY) ? " ro" : " rw");
-        if (isDir)
-            TakeSnapshot(path, prefix + name + "\\", snapshot);
-    } while (FindNextFileA(hFind, &entry));
-    FindClose(hFind);
-}
 
 class FileOperations : public testing::Test
 {
@@ -66,12 +44,7 @@ protected:
         m_held.push_back(path(relative));
         return m_held.back().c_str();
     }
-    Snapshot snapshot() const
-    {
-        Snapshot result;
-        TakeSnapshot(m_root.path(), "", result);
-        return result;
-    }
+    Snapshot snapshot() const { return tqmtest::SnapshotTree(m_root.path()); }
 
     TempDir m_root;
     std::deque<std::string> m_held;
@@ -79,8 +52,6 @@ protected:
 
 TEST_F(FileOperations, DeleteFilesPatternsAndFolders)
 {
-    EXPECT_TRUE(TQMDelete(p("src\\a.txt"), FALSE));
-    EXPECT_FALSE(PathExists(path("src\\a.txt")));
     EXPECT_TRUE(TQMDelete(p("src\\*.bak"), FALSE));
     EXPECT_FALSE(PathExists(path("src\\b.bak")));
     EXPECT_TRUE(TQMDelete(p("src"), FALSE));
@@ -89,8 +60,9 @@ TEST_F(FileOperations, DeleteFilesPatternsAndFolders)
 }
 
 // Nothing named, nothing there, relative, overlong, wildcard targets, no
-// target: refused (or nothing to do) and the tree is as it was.
-TEST_F(FileOperations, RefusalsLeaveEverythingAsItWas)
+// target, a failure in the shell: refused (or nothing to do) and the tree is
+// as it was.
+TEST_F(FileOperations, RefusalsAndFailuresLeaveEverythingAsItWas)
 {
     const Snapshot before = snapshot();
     const std::string overlong = path("src\\") + std::string(300, 'x');
@@ -100,20 +72,28 @@ TEST_F(FileOperations, RefusalsLeaveEverythingAsItWas)
     TQMDelete(p("src\\*.none"), FALSE);  // goes to the shell, which finds nothing
 
     EXPECT_FALSE(TQMDelete(p("src\\sub\\..\\a.txt"), FALSE));  // names src\a.txt, but relatively
-    EXPECT_FALSE(TQMDelete(p("src\\.\\a.txt"), FALSE));
     EXPECT_FALSE(TQMCopy("..\\a.x", p("dst\\a.x")));
-    EXPECT_FALSE(TQMCopy(p("src\\a.txt"), p("dst\\..\\a.txt")));
     EXPECT_FALSE(TQMMove(p("src\\.\\a.txt"), p("dst\\a.txt")));
     EXPECT_FALSE(TQMRename(p("src\\sub\\..\\a.txt"), p("dst\\old.txt")));
     EXPECT_FALSE(TQMCopy(overlong.c_str(), p("dst\\x")));
-    EXPECT_FALSE(TQMCopy(p("src\\a.txt"), overlong.c_str()));
     EXPECT_FALSE(TQMCopy(p("src\\a.txt"), p("dst\\*.txt")));
     EXPECT_FALSE(TQMMove(p("src\\a.txt"), p("dst\\a?.txt")));
-    EXPECT_FALSE(TQMCopy(nullptr, p("dst\\x")));
     // Without a target the shell would copy into the current folder.
     EXPECT_FALSE(TQMCopy(p("src\\a.txt"), nullptr));
     EXPECT_FALSE(TQMMove(p("src\\a.txt"), ""));
-    EXPECT_FALSE(TQMRename(p("src\\a.txt"), ""));
+
+    EXPECT_FALSE(TQMMove(p("src\\missing.txt"), p("dst\\old.txt")));
+    EXPECT_FALSE(TQMCopy(p("src\\a.txt"), p("src\\a.txt")));  // onto itself
+    // Below a file: Wine's shell reports success without doing anything,
+    // Windows' reports the failure. Either way nothing may change.
+    TQMMove(p("src\\a.txt"), p("dst\\old.txt\\a.txt"));
+    // The source passes the checks but cannot be read when the shell comes
+    // to it (locked, as one about to vanish would be).
+    HANDLE hLocked = CreateFileA(p("src\\a.txt"), GENERIC_READ | GENERIC_WRITE, 0, nullptr, OPEN_EXISTING,
+                                 FILE_ATTRIBUTE_NORMAL, nullptr);
+    ASSERT_NE(INVALID_HANDLE_VALUE, hLocked);
+    EXPECT_FALSE(TQMCopy(p("src\\a.txt"), p("dst\\old.txt")));
+    CloseHandle(hLocked);
     EXPECT_EQ(before, snapshot());
 }
 
@@ -130,26 +110,6 @@ TEST_F(FileOperations, CopyAndMove)
     EXPECT_TRUE(TQMMove(p("src\\sub"), p("dst\\moved")));
     EXPECT_FALSE(PathExists(path("src\\sub")));
     EXPECT_EQ("charlie", ReadBytes(path("dst\\moved\\c.txt")));
-}
-
-TEST_F(FileOperations, FailedCopyOrMoveLeavesSourceAndTargetAsTheyWere)
-{
-    const Snapshot before = snapshot();
-    EXPECT_FALSE(TQMCopy(p("src\\missing.txt"), p("dst\\old.txt")));
-    EXPECT_FALSE(TQMMove(p("src\\missing.txt"), p("dst\\old.txt")));
-    EXPECT_FALSE(TQMCopy(p("src\\a.txt"), p("src\\a.txt")));  // onto itself
-    // Below a file: Wine's shell reports success without doing anything,
-    // Windows' reports the failure. Either way nothing may change.
-    TQMCopy(p("src\\a.txt"), p("dst\\old.txt\\a.txt"));
-    TQMMove(p("src\\a.txt"), p("dst\\old.txt\\a.txt"));
-    // The source passes the checks but cannot be read when the shell comes
-    // to it (locked, as one about to vanish would be).
-    HANDLE hLocked = CreateFileA(p("src\\a.txt"), GENERIC_READ | GENERIC_WRITE, 0, nullptr, OPEN_EXISTING,
-                                 FILE_ATTRIBUTE_NORMAL, nullptr);
-    ASSERT_NE(INVALID_HANDLE_VALUE, hLocked);
-    EXPECT_FALSE(TQMCopy(p("src\\a.txt"), p("dst\\old.txt")));
-    CloseHandle(hLocked);
-    EXPECT_EQ(before, snapshot());
 }
 
 TEST_F(FileOperations, Rename)
@@ -170,23 +130,6 @@ TEST_F(FileOperations, Rename)
     // A rename that cannot happen keeps the existing target.
     EXPECT_FALSE(TQMRename(p("src\\missing.txt"), p("dst\\old.txt")));
     EXPECT_EQ("old", ReadBytes(path("dst\\old.txt")));
-}
-
-TEST_F(FileOperations, LongestPathThatFits)
-{
-    std::string dir = path("long");
-    CreateDirectoryA(dir.c_str(), nullptr);
-    while (dir.size() < 200) {
-        dir += "\\" + std::string(40, 'd');
-        ASSERT_TRUE(CreateDirectoryA(dir.c_str(), nullptr)) << dir;
-    }
-    const std::string file = dir + "\\" + std::string(259 - dir.size() - 1, 'f');  // 259 characters
-    ASSERT_TRUE(WriteBytes(file, "long"));
-    EXPECT_TRUE(TQMCopy(file.c_str(), p("dst\\long.txt")));
-    EXPECT_EQ("long", ReadBytes(path("dst\\long.txt")));
-    EXPECT_FALSE(TQMCopy((file + "x").c_str(), p("dst\\x")));  // 260: names nothing that exists
-    EXPECT_TRUE(TQMDelete(file.c_str(), FALSE));
-    EXPECT_FALSE(PathExists(file));
 }
 
 TEST_F(FileOperations, CopyDir)
@@ -213,7 +156,6 @@ TEST_F(FileOperations, CopyDirRefusals)
     EXPECT_FALSE(TQMCopyDir(p("src\\a.txt"), p("dst\\made")));
     EXPECT_FALSE(TQMCopyDir(p("src"), p("src\\sub\\inner")));  // into itself
     EXPECT_FALSE(TQMCopyDir(p("src"), p("SRC")));
-    EXPECT_FALSE(TQMCopyDir(nullptr, p("dst")));
     EXPECT_EQ(before, snapshot());
 }
 
@@ -221,9 +163,7 @@ TEST_F(FileOperations, ReadOnly)
 {
     EXPECT_TRUE(TQMSetReadOnly(p("src\\a.txt"), TRUE));
     EXPECT_TRUE(TQMIsReadOnly(p("src\\a.txt")));
-    EXPECT_TRUE(TQMSetReadOnly(p("src\\a.txt"), TRUE));  // already so
     EXPECT_TRUE(TQMSetReadOnly(p("src\\a.txt"), FALSE));
-    EXPECT_FALSE(Attributes(path("src\\a.txt")) & FILE_ATTRIBUTE_READONLY);
     EXPECT_TRUE(TQMSetReadOnly(p("missing"), TRUE));  // nothing to do
 
     EXPECT_FALSE(TQMIsReadOnly(p("src")));
@@ -240,8 +180,6 @@ TEST_F(FileOperations, ReadOnly)
     EXPECT_FALSE(TQMIsReadOnly(p("src")));
 
     EXPECT_FALSE(TQMSetDirReadOnly(p("src\\a.txt"), TRUE, TRUE));  // not a folder
-    EXPECT_FALSE(TQMSetDirReadOnly(p("missing"), TRUE, TRUE));
-    EXPECT_FALSE(TQMIsReadOnly(p("missing")));
 }
 
 TEST_F(FileOperations, SetReadOnlyClearsTheArchiveAttributeOnlyOnAChange)
@@ -264,7 +202,6 @@ TEST_F(FileOperations, FileExists)
 {
     EXPECT_TRUE(TQMFileExists(p("src\\a.txt")));
     EXPECT_TRUE(TQMFileExists(p("src\\")));
-    EXPECT_FALSE(TQMFileExists(p("src\\missing")));
     EXPECT_FALSE(TQMFileExists(p("src\\*.txt")));
     EXPECT_FALSE(TQMFileExists(nullptr));
 }
@@ -273,7 +210,7 @@ TEST(FileCompare, BlocksSizesAndWhatCannotBeRead)
 {
     TempDir dir;
     const std::string one = dir.file("one"), two = dir.file("two");
-    for (size_t size : {0u, 511u, 512u, 513u, 1024u}) {
+    for (size_t size : {0u, 512u, 513u}) {
         std::string bytes(size, 'q');
         ASSERT_TRUE(WriteBytes(one, bytes) && WriteBytes(two, bytes));
         EXPECT_TRUE(TQMCompareFiles(one.c_str(), two.c_str())) << size;
@@ -285,39 +222,21 @@ TEST(FileCompare, BlocksSizesAndWhatCannotBeRead)
     }
     ASSERT_TRUE(WriteBytes(two, std::string(1025, 'q')));
     EXPECT_FALSE(TQMCompareFiles(one.c_str(), two.c_str()));
-    EXPECT_FALSE(TQMCompareFiles(one.c_str(), dir.file("missing").c_str()));
     EXPECT_FALSE(TQMCompareFiles(dir.path().c_str(), dir.path().c_str()));
     EXPECT_FALSE(TQMCompareFiles("CON", "CON"));  // a device is never read
-    EXPECT_FALSE(TQMCompareFiles(nullptr, one.c_str()));
 }
 
 TEST(WildcardCompare, Patterns)
 {
-    struct
-    {
-        const char* pattern;
-        const char* name;
-        bool match;
-    } cases[] = {
-        {"a*b?c", "AXXBYC", true}, {"a*b?c", "ab", false},     {"*", "", true},
-        {"", "a", false},          {"?", "", false},           {"*.lin", "Library.LIN", true},
-        {"*.*", "noext", false},   {"a*a*a", "aaaaa", true},   {"a*a*a", "aa", false},
-        {"*ab", "aaab", true},     {"lib?", "lib", false},
+    struct { const char* pattern; const char* name; bool match; } cases[] = {
+        {"a*b?c", "AXXBYC", true}, {"*", "", true},          {"?", "", false},
+        {"*.*", "noext", false},   {"a*a*a", "aa", false},   {"*ab", "aaab", true},
     };
     for (const auto& c : cases)
         EXPECT_EQ(c.match ? TRUE : FALSE, TQMWildcardCompare(c.pattern, c.name)) << c.pattern << " / " << c.name;
     if (GetACP() == 1252) {
         EXPECT_TRUE(TQMWildcardCompare("\xE9t*", "\xC9TUDE"));  // case in the code page
     }
-    EXPECT_FALSE(TQMWildcardCompare(nullptr, "a"));
-}
-
-TEST(RemovableDrive, FixedDrivesAreNot)
-{
-    char system[MAX_PATH] = "";
-    GetSystemDirectoryA(system, MAX_PATH);
-    EXPECT_FALSE(TQMIsOnRemovableDrive(system));
-    EXPECT_FALSE(TQMIsOnRemovableDrive(nullptr));
 }
 
 }  // namespace

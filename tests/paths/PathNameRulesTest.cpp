@@ -13,48 +13,23 @@ namespace {
 
 using tqm::PathNameFault;
 
-struct NameCase
-{
-    const char* path;
-    bool wildcards;
-    bool valid;
-};
+struct NameCase { const char* path; bool wildcards; bool valid; };
 
 TEST(PathNameRules, NamesUsersType)
 {
     const NameCase cases[] = {
-        {"C:", false, false},
         {"C:\\Projects\\Plant 1", false, true},
         {"\\\\server\\share\\x", false, true},
-        {"\\\\\\x", false, false},
-        {"\\\\", false, false},
-        {"a..b", false, false},
-        {"a...", false, false},
-        {"a\\", false, false},
         {"C:\\", false, false},
-        {"a.", false, true},
         {"a.\\b", false, true},
         {"x*.lin", false, false},
-        {"x*.lin", true, true},
         {"C:\\dir\\plant?.tarn5pc", true, true},
-        {"C:\\dir\\plant?.tarn5pc", false, false},
-        {".\\x", false, true},
         {"..\\x", false, true},
         {"..\\..\\x", false, false},  // narrower than Windows, deliberately
-        {"a\\.b", false, false},
         {".\\..\\x", false, false},
         {"a\\..\\b", false, false},
-        {".cfg", false, false},
-        {".", false, false},
-        {"..", false, false},
-        {"...\\x", false, false},
-        {"..\\", false, false},
-        {"a\\\\b", false, false},
         {"a/b", false, false},
-        {"ab:c", false, false},
         {"a:b", false, true},  // drive-relative
-        {"1:\\x", false, false},
-        {":x", false, false},
         {"C:\\\\srv\\x", false, true},
         {"C:..\\x", false, true},
         {"plant~1 (copy) [2]-$%'_@`!^#&+,=", false, true},
@@ -67,14 +42,12 @@ TEST(PathNameRules, NamesUsersType)
 
 TEST(PathNameRules, DeviceNames)
 {
+    // Numbered devices anywhere; the others only as a whole name without a folder.
     const NameCase cases[] = {
-        {"LPT1", false, false},   {"lpt9", false, false},        {"Com0", false, false},
-        {"COM1.txt", false, false}, {"C:\\dir\\com9.lin", false, false}, {"C:\\dir\\LpT4", false, false},
-        {"LPT", false, true},     {"LPTX", false, true},         {"COM10", false, true},
-        {"COMA.txt", false, true}, {"AUX", false, false},        {"aux", false, false},
-        {"aUx", false, false},    {"C:AUX", false, false},       {"\\\\AUX", false, false},
-        {"AUX.txt", false, true}, {"C:\\AUX", false, true},      {"dir\\aux", false, true},
-        {"CON", false, true},     {"PRN", false, true},          {"NUL", false, true},
+        {"lpt9", false, false},  {"C:\\dir\\com9.lin", false, false}, {"COM10", false, true},
+        {"LPTX", false, true},   {"aUx", false, false},             {"C:AUX", false, false},
+        {"\\\\AUX", false, false}, {"AUX.txt", false, true},       {"C:\\AUX", false, true},
+        {"dir\\aux", false, true}, {"CON", false, true},            {"NUL", false, true},
     };
     for (const NameCase& c : cases)
         EXPECT_EQ(c.valid ? 1 : 0, TQMIsValidPathName(c.path, c.wildcards)) << '"' << c.path << '"';
@@ -101,55 +74,29 @@ TEST(PathNameRules, EveryCharacterOutsideTheAllowedSetIsRefused)
     }
 }
 
-TEST(PathNameRules, EmptyAndNull)
+TEST(PathNameRules, EmptyNullAndLong)
 {
     EXPECT_EQ(0, TQMIsValidPathName(nullptr, TRUE));
     EXPECT_EQ(0, TQMIsValidPathName("", TRUE));
     EXPECT_FALSE(TQMIsValidFileName(nullptr, TRUE));
-    EXPECT_FALSE(TQMIsValidFileName("", TRUE));
     EXPECT_FALSE(TQMHasDir(nullptr));
-    EXPECT_FALSE(TQMHasDir(""));
-}
-
-// The rules set no length limit; long names are judged like short ones.
-TEST(PathNameRules, LongNames)
-{
-    for (size_t length : {259u, 260u, 300u, 5000u}) {
-        std::string path = "C:\\";
-        while (path.size() < length)
-            path += (path.size() % 20 == 19) ? '\\' : 'n';
-        if (path.back() == '\\')
-            path.back() = 'n';
-        ASSERT_EQ(length, path.size());
-        EXPECT_EQ(1, TQMIsValidPathName(path.c_str(), FALSE)) << length;
-        path += "\\";
-        EXPECT_EQ(0, TQMIsValidPathName(path.c_str(), FALSE)) << length;
-    }
+    // The rules set no length limit.
+    EXPECT_EQ(1, TQMIsValidPathName(("C:\\" + std::string(300, 'n') + "\\x").c_str(), FALSE));
 }
 
 TEST(PathNameRules, ReasonsPointAtTheFault)
 {
-    struct ReasonCase
-    {
-        const char* path;
-        bool wildcards;
-        PathNameFault fault;
-        int position;
-    } cases[] = {
-        {"", false, PathNameFault::Empty, -1},
+    struct ReasonCase { const char* path; bool wildcards; PathNameFault fault; int position; } cases[] = {
         {"1:x", false, PathNameFault::BadDriveLetter, 0},
         {"C:", false, PathNameFault::DriveOnly, -1},
         {"\\\\\\x", false, PathNameFault::BadUncPrefix, 2},
         {".x", false, PathNameFault::BadLeadingDot, 0},
         {"a...b", false, PathNameFault::TooManyDots, 3},
         {"a\\.b", false, PathNameFault::DotAfterBackslash, 2},
-        {"a..b", false, PathNameFault::DoubleDotInName, 3},
         {"a\\\\b", false, PathNameFault::DoubleBackslash, 2},
-        {"a*", false, PathNameFault::WildcardNotAllowed, 1},
         {"a|b", true, PathNameFault::BadCharacter, 1},
         {"a..", false, PathNameFault::TrailingDoubleDot, 2},
         {"dir\\", false, PathNameFault::TrailingBackslash, 3},
-        {"C:\\LPT3.txt", false, PathNameFault::DeviceName, -1},
         {"C:\\ok.txt", false, PathNameFault::None, -1},
     };
     for (const ReasonCase& c : cases) {
@@ -160,51 +107,30 @@ TEST(PathNameRules, ReasonsPointAtTheFault)
     }
 }
 
-TEST(PathNameRules, FileNames)
+TEST(PathNameRules, FileNamesAndHasDir)
 {
     EXPECT_FALSE(TQMIsValidFileName("plant.tarn5pc", FALSE));
     EXPECT_TRUE(TQMIsValidFileName("plant.tarn5pc", TRUE));
     EXPECT_TRUE(TQMIsValidFileName("plant", FALSE));
     EXPECT_FALSE(TQMIsValidFileName("sub\\plant", TRUE));
     EXPECT_FALSE(TQMIsValidFileName("C:plant", TRUE));
-    EXPECT_FALSE(TQMIsValidFileName(".\\plant", TRUE));
     EXPECT_FALSE(TQMIsValidFileName("plant*", TRUE));  // never wildcards
     EXPECT_FALSE(TQMIsValidFileName("COM2.x", TRUE));
     EXPECT_TRUE(TQMIsValidFileName("plant.", TRUE));
     EXPECT_FALSE(TQMIsValidFileName("plant.", FALSE));
-}
 
-TEST(PathNameRules, HasDir)
-{
     EXPECT_TRUE(TQMHasDir(".hidden"));
-    EXPECT_TRUE(TQMHasDir("a\\b"));
     EXPECT_TRUE(TQMHasDir("a/b"));
     EXPECT_TRUE(TQMHasDir("C:b"));
     EXPECT_FALSE(TQMHasDir("plant.tarn5pc"));
 }
 
-TEST(PathNameRules, SplitLikeTheRuntime)
+TEST(PathNameRules, SplitLikeTheRuntimeWithoutItsLimits)
 {
-    struct SplitCase
-    {
-        const char* path;
-        const char* drive;
-        const char* dir;
-        const char* name;
-        const char* ext;
-    } cases[] = {
-        {"C:\\a\\b.txt", "C:", "\\a\\", "b", ".txt"},
-        {"C:b", "C:", "", "b", ""},
-        {"a/b.c.d", "", "a/", "b.c", ".d"},
-        {".cfg", "", "", "", ".cfg"},
-    };
-    for (const SplitCase& c : cases) {
-        const tqm::PathParts parts = tqm::SplitPath(c.path);
-        EXPECT_STREQ(c.drive, parts.drive) << c.path;
-        EXPECT_STREQ(c.dir, parts.dir) << c.path;
-        EXPECT_STREQ(c.name, parts.name) << c.path;
-        EXPECT_STREQ(c.ext, parts.ext) << c.path;
-    }
+    const tqm::PathParts parts = tqm::SplitPath("a/b.c.d");
+    EXPECT_STREQ("a/", parts.dir);
+    EXPECT_STREQ("b.c", parts.name);
+    EXPECT_STREQ(".d", parts.ext);
     // No fixed buffers: a name far beyond the runtime's 256 characters.
     const std::string longName(1000, 'x');
     EXPECT_EQ(1000, tqm::SplitPath(("C:\\" + longName + ".ext").c_str()).name.GetLength());

@@ -45,14 +45,12 @@ TEST(PathTagRules, SubstTriesTheDirectoriesInTheirOrder)
         // Program Files before the programs inside it.
         {"C:\\PROGRAM FILES\\Tarn\\Bin\\x.exe", "<$ProgramsDir>\\Tarn\\Bin\\x.exe"},
         {"c:\\data\\libs\\Std\\a.x", "<$LibsDir>\\Std\\a.x"},      // never <$StdLibDir>
-        {"C:\\Data\\Templates\\t.x", "<$TmplDir>\\t.x"},
         {"C:\\Data\\LocalDir\\g.ini", "<$LocalDir>\\g.ini"},
         {"C:\\Data\\other\\d.x", "<$DocsDir>\\other\\d.x"},       // documents last
         {"C:\\Projects2\\a", "<$ProjectsDir>2\\a"},               // no separator needed
         {"C:\\Projects", "<$ProjectsDir>"},
         {"D:\\Elsewhere\\a", "D:\\Elsewhere\\a"},
         {"relative\\a", "relative\\a"},
-        {"", ""},
     };
     for (auto& c : cases)
         EXPECT_STREQ(c[1], tqm::SubstPathTags(c[0], fake.lookup())) << c[0];
@@ -77,21 +75,15 @@ TEST(PathTagRules, UnSubstExpandsKnownTagsOnly)
     const char* cases[][2] = {
         {"<$libsdir>\\x.lib", "C:\\Data\\Libs\\x.lib"},          // tags ignore case
         {"<$StdLibDir>\\a.x", "C:\\Data\\Libs\\Std\\a.x"},
-        {"<$AppLibDir>\\a.x", "C:\\Data\\Libs\\App\\a.x"},
-        {"<$UsrLibDir>\\a.x", "C:\\Data\\Libs\\Usr\\a.x"},
         {"<$HpLibDir>\\a.x", "C:\\Data\\Libs\\HP\\a.x"},
         {"<$AppsDirParent>\\x", "C:\\Program Files\\Tarn\\x"},
         {"<$AppsDir>\\x", "C:\\Program Files\\Tarn\\Bin\\x"},
-        {"<$ProgramsDir>", "C:\\Program Files"},
         {"<$ProjectsDir>2\\a", "C:\\Projects2\\a"},
         {"<$UserDir>\\VMXOptions.ini", "C:\\Users\\joe\\AppData\\Local\\Tarn-Holmvik\\QM5_20\\VMXOptions.ini"},
         {"<$DocsDir>x", "C:\\Datax"},
         {"<$Unknown>\\a", "<$Unknown>\\a"},
         {"<$ProjDir>\\p.x", "<$ProjDir>\\p.x"},                  // only the project form knows these
-        {"<$DevDir>\\a", "<$DevDir>\\a"},
         {"<$LibsDir", "<$LibsDir"},                              // "<" without a whole tag
-        {"<", "<"},
-        {"relative\\a", "relative\\a"},
         {" <$LibsDir>\\a", " <$LibsDir>\\a"},                   // a tag only at the very start
     };
     for (auto& c : cases)
@@ -121,30 +113,21 @@ TEST(PathTagRules, ProjectAndDeviceForms)
 
     EXPECT_STREQ("D:\\Dev\\a", tqm::UnSubstPathTags("<$DevDir>\\a", proj, "D:\\Dev", fake.lookup()));
     EXPECT_STREQ("D:\\Dev\\a", tqm::UnSubstPathTags("<$cpudir>\\a", proj, "D:\\Dev", fake.lookup()));
-    EXPECT_STREQ("<$DevDir>\\a", tqm::UnSubstPathTags("<$DevDir>\\a", proj, nullptr, fake.lookup()));
     EXPECT_STREQ("<$DevDir>\\a", tqm::UnSubstPathTags("<$DevDir>\\a", proj, "", fake.lookup()));
     EXPECT_STREQ("C:\\Projects\\Plant\\p.x", tqm::UnSubstPathTags("<$ProjDir>\\p.x", proj, nullptr, fake.lookup()));
     EXPECT_STREQ("C:\\Projects\\p.x", tqm::UnSubstPathTags("<$ProjDir>\\p.x", nullptr, nullptr, fake.lookup()));
     EXPECT_STREQ("\\p.x", tqm::UnSubstPathTags("<$ProjDir>\\p.x", "", nullptr, fake.lookup()));
     EXPECT_STREQ("C:\\Data\\Templates\\t", tqm::UnSubstPathTags("<$TmplDir>\\t", proj, "D:\\Dev", fake.lookup()));
-    EXPECT_STREQ("rel\\a", tqm::UnSubstPathTags("rel\\a", proj, "D:\\Dev", fake.lookup()));
 }
 
 TEST(SuiteFolders, ShellFoldersBecomeTheSuitesFolders)
 {
-    struct Case
-    {
-        const char* shellFolder;
-        bool beside;
-        const char* result;
-    } cases[] = {
+    struct Case { const char* shellFolder; bool beside; const char* result; } cases[] = {
         {"C:\\Users\\joe\\AppData\\Roaming", false, "C:\\Users\\joe\\AppData\\Roaming\\Tarn-Holmvik\\QM5_20"},
         {"C:\\Users\\joe\\Documents", true, "C:\\Users\\joe\\Tarn-Holmvik\\QM5_20"},
         {"C:/Users/Public/Documents/", true, "C:\\Users\\Public\\Tarn-Holmvik\\QM5_20"},
-        {"C:\\ProgramData\\\\", false, "C:\\ProgramData\\Tarn-Holmvik\\QM5_20"},
         {"C:\\", true, "C:\\Tarn-Holmvik\\QM5_20"},  // a drive has no folder to drop
-        {"", true, "\\Tarn-Holmvik\\QM5_20"},        // unknown: the bare subfolder
-        {nullptr, false, "\\Tarn-Holmvik\\QM5_20"},
+        {"", true, "\\Tarn-Holmvik\\QM5_20"},  // unknown: the bare subfolder
     };
     for (const Case& c : cases)
         EXPECT_STREQ(c.result, tqm::SuiteFolderBeside(c.shellFolder, c.beside)) << (c.shellFolder ? c.shellFolder : "");

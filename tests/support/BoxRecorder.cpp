@@ -27,4 +27,13 @@ int CALLBACK BoxRecorder::onBox(HWND owner, const char* text, const char* captio
     return self->m_answer ? self->m_answer : TqmNonInteractiveAnswer(type);
 }
 
+bool BoxRecorder::reported(const std::string& expr, const std::string& source) const
+{
+    for (const RecordedBox& box : m_boxes) {
+        if (box.text.find(expr) != std::string::npos && box.text.find(source) != std::string::npos)
+            return true;
+    }
+    return false;
+}
+
 }  // namespace tqmtest

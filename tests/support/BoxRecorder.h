@@ -34,6 +34,8 @@ public:
     size_t count() const { return m_boxes.size(); }
     const RecordedBox& last() const { return m_boxes.back(); }
     void clear() { m_boxes.clear(); }
+    // True if one of the boxes is an assertion report of expr from source.
+    bool reported(const std::string& expr, const std::string& source) const;
 
 private:
     static int CALLBACK onBox(HWND owner, const char* text, const char* caption, UINT type, void* context);

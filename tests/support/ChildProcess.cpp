@@ -116,68 +116,6 @@ std::string QuoteArgument(const std::string& argument)
     return quoted;
 }
 
-RunningProgram::~RunningProgram()
-{
-    kill();
-    if (m_hProcess)
-        CloseHandle(m_hProcess);
-}
-
-bool RunningProgram::start(const std::string& commandLine, const std::string& outputPath)
-{
-    SECURITY_ATTRIBUTES inherit = {sizeof(inherit), nullptr, TRUE};
-    tqm::UniqueFile output(CreateFileA(outputPath.c_str(), FILE_APPEND_DATA, FILE_SHARE_READ | FILE_SHARE_WRITE,
-                                       &inherit, OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
-    if (!output)
-        return false;
-    STARTUPINFOA startup = {};
-    startup.cb = sizeof(startup);
-    startup.dwFlags = STARTF_USESTDHANDLES;
-    startup.hStdInput = GetStdHandle(STD_INPUT_HANDLE);
-    startup.hStdOutput = output.get();
-    startup.hStdError = output.get();
-    PROCESS_INFORMATION process = {};
-    std::vector<char> line(commandLine.begin(), commandLine.end());
-    line.push_back('\0');
-    if (!CreateProcessA(nullptr, line.data(), nullptr, nullptr, TRUE, CREATE_NO_WINDOW, nullptr, nullptr, &startup,
-                        &process))
-        return false;
-    CloseHandle(process.hThread);
-    m_hProcess = process.hProcess;
-    return true;
-}
-
-bool RunningProgram::wait(unsigned timeoutMs)
-{
-    return m_hProcess && WaitForSingleObject(m_hProcess, timeoutMs) == WAIT_OBJECT_0;
-}
-
-DWORD RunningProgram::exitCode() const
-{
-    DWORD code = STILL_ACTIVE;
-    if (m_hProcess)
-        GetExitCodeProcess(m_hProcess, &code);
-    return code;
-}
-
-void RunningProgram::kill()
-{
-    if (m_hProcess && WaitForSingleObject(m_hProcess, 0) == WAIT_TIMEOUT) {
-        TerminateProcess(m_hProcess, 1);
-        WaitForSingleObject(m_hProcess, 5000);
-    }
-}
-
-std::string ProgramFolder()
-{
-    char path[MAX_PATH] = "";
-    GetModuleFileNameA(nullptr, path, MAX_PATH);
-    char* slash = strrchr(path, '\\');
-    if (slash)
-        *slash = '\0';
-    return path;
-}
-
 namespace {
 const char kChildFlag[] = "--tqm-child=";
 }

@@ -1,7 +1,6 @@
 // RunProgram - starts a program as a child process and collects what it
 // printed and its exit code, for tests of the command-line tool and of
-// programs that report on themselves. RunningProgram keeps one running
-// beside the test (a trace viewer, say). RunSelfAsChild runs one test of the
+// programs that report on themselves. RunSelfAsChild runs one test of the
 // current program in a child process, for behaviour that ends the process.
 #pragma once
 
@@ -25,30 +24,6 @@ ProgramRun RunProgram(const std::string& commandLine, const std::string& input =
 
 // The argument quoted for a command line where it holds blanks or quotes.
 std::string QuoteArgument(const std::string& argument);
-
-// A program that runs beside the test, its stdout and stderr appended to a
-// file; killed when the object goes if it still runs.
-class RunningProgram
-{
-public:
-    RunningProgram() = default;
-    ~RunningProgram();
-    RunningProgram(const RunningProgram&) = delete;
-    RunningProgram& operator=(const RunningProgram&) = delete;
-
-    bool start(const std::string& commandLine, const std::string& outputPath);
-    // True when the program ended within timeoutMs.
-    bool wait(unsigned timeoutMs);
-    // The exit code; STILL_ACTIVE while it runs.
-    DWORD exitCode() const;
-    void kill();
-
-private:
-    HANDLE m_hProcess = nullptr;
-};
-
-// The folder of the running test program (where tqm.exe and the DLL are).
-std::string ProgramFolder();
 
 // Runs the test "Suite.Name" of this program in a child process started in
 // mode, whose ChildMode() then returns mode.

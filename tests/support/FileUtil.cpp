@@ -31,4 +31,35 @@ std::string ReadBytes(const std::string& path)
 
 bool PathExists(const std::string& path) { return GetFileAttributesA(path.c_str()) != INVALID_FILE_ATTRIBUTES; }
 
+namespace {
+
+void addTree(const std::string& dir, const std::string& prefix, std::map<std::string, std::string>& snapshot)
+{
+    WIN32_FIND_DATAA entry;
+    HANDLE hFind = FindFirstFileA((dir + "\\*").c_str(), &entry);
+    if (hFind == INVALID_HANDLE_VALUE)
+        return;
+    do {
+        const std::string name = entry.cFileName;
+        if (name == "." || name == "..")
+            continue;
+        const std::string path = dir + "\\" + name;
+        const bool isDir = (entry.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+        snapshot[prefix + name] = (isDir ? "dir" : ReadBytes(path)) +
+                                  ((entry.dwFileAttributes & FILE_ATTRIBUTE_READONLY) ? " ro" : " rw");
+        if (isDir)
+            addTree(path, prefix + name + "\\", snapshot);
+    } while (FindNextFileA(hFind, &entry));
+    FindClose(hFind);
+}
+
+}  // namespace
+
+std::map<std::string, std::string> SnapshotTree(const std::string& dir)
+{
+    std::map<std::string, std::string> snapshot;
+    addTree(dir, "", snapshot);
+    return snapshot;
+}
+
 }  // namespace tqmtest

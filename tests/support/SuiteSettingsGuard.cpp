@@ -11,71 +11,25 @@ namespace {
 
 const char kMakerKey[] = "Software\\Tarn-Holmvik";
 
-std::unique_ptr<KeySnapshot> readTree(HKEY key)
-{
-    auto snapshot = std::make_unique<KeySnapshot>();
-    for (DWORD index = 0;; ++index) {
-        char name[16384];
-        DWORD nameLength = sizeof(name);
-        DWORD type = 0;
-        DWORD size = 0;
-        if (RegEnumValueA(key, index, name, &nameLength, nullptr, &type, nullptr, &size) != ERROR_SUCCESS)
-            break;
-        std::string data(size, '\0');
-        nameLength = sizeof(name);
-        RegEnumValueA(key, index, name, &nameLength, nullptr, &type, reinterpret_cast<BYTE*>(&data[0]), &size);
-        snapshot->values[name] = KeySnapshot::Value{type, data.substr(0, size)};
-    }
-    for (DWORD index = 0;; ++index) {
-        char name[256];
-        if (RegEnumKeyA(key, index, name, sizeof(name)) != ERROR_SUCCESS)
-            break;
-        HKEY sub = nullptr;
-        if (RegOpenKeyExA(key, name, 0, KEY_READ | KEY_WOW64_32KEY, &sub) == ERROR_SUCCESS) {
-            snapshot->subkeys[name] = *readTree(sub);
-            RegCloseKey(sub);
-        }
-    }
-    return snapshot;
-}
+// Where a guard keeps the suite's keys while its test runs.
+const char kSavedKey[] = "Software\\Tqmlib52 Tests Saved Settings";
 
-void writeTree(HKEY key, const KeySnapshot& snapshot)
+// Replaces the tree at to with a copy of the tree at from (both in the 32-bit
+// view); false, with nothing at to, when there is no tree at from.
+bool copyTree(HKEY hive, const char* from, const char* to)
 {
-    for (const auto& value : snapshot.values)
-        RegSetValueExA(key, value.first.c_str(), 0, value.second.type,
-                       reinterpret_cast<const BYTE*>(value.second.data.data()),
-                       static_cast<DWORD>(value.second.data.size()));
-    for (const auto& sub : snapshot.subkeys) {
-        HKEY subKey = nullptr;
-        if (RegCreateKeyExA(key, sub.first.c_str(), 0, nullptr, 0, KEY_ALL_ACCESS | KEY_WOW64_32KEY, nullptr, &subKey,
-                            nullptr) == ERROR_SUCCESS) {
-            writeTree(subKey, sub.second);
-            RegCloseKey(subKey);
-        }
-    }
-}
-
-std::unique_ptr<KeySnapshot> snapshotOf(HKEY hive)
-{
-    HKEY key = OpenSuiteView(hive, kMakerKey);
-    if (!key)
-        return nullptr;
-    auto snapshot = readTree(key);
-    RegCloseKey(key);
-    return snapshot;
-}
-
-void restore(HKEY hive, const KeySnapshot* snapshot)
-{
-    DeleteKeyTree(hive, kMakerKey);
-    if (!snapshot)
-        return;
-    HKEY key = nullptr;
-    if (RegCreateKeyExA(hive, kMakerKey, 0, nullptr, 0, KEY_ALL_ACCESS | KEY_WOW64_32KEY, nullptr, &key, nullptr) ==
+    DeleteKeyTree(hive, to);
+    HKEY source = OpenSuiteView(hive, from);
+    if (!source)
+        return false;
+    HKEY target = nullptr;
+    if (RegCreateKeyExA(hive, to, 0, nullptr, 0, KEY_ALL_ACCESS | KEY_WOW64_32KEY, nullptr, &target, nullptr) ==
         ERROR_SUCCESS) {
-        writeTree(key, *snapshot);
-        RegCloseKey(key);
+        RegCopyTreeA(source, nullptr, target);
+        RegCloseKey(target);
     }
+    RegCloseKey(source);
+    return true;
 }
 
 // The suite's folders the library makes beside or in the shell folders, each
@@ -101,6 +55,13 @@ std::vector<std::string> suiteFolders()
 std::string SuiteKeyPath() { return std::string("Software\\") + TQMGetQM5BaseRegistryKey().GetString(); }
 
 std::string MirrorFile() { return std::string(TQMGetLocalDir().GetString()) + "\\QM5Global.ini"; }
+
+std::string MirrorEntry(const char* section, const char* entry)
+{
+    char value[512] = "";
+    GetPrivateProfileStringA(section, entry, "<none>", value, sizeof(value), MirrorFile().c_str());
+    return value;
+}
 
 HKEY OpenSuiteView(HKEY hive, const std::string& path, REGSAM access)
 {
@@ -134,8 +95,8 @@ SuiteSettingsGuard::SuiteSettingsGuard()
 {
     if (m_hMutex)
         WaitForSingleObject(m_hMutex, INFINITE);
-    m_userKeys = snapshotOf(HKEY_CURRENT_USER);
-    m_machineKeys = snapshotOf(HKEY_LOCAL_MACHINE);
+    m_hadUserKeys = copyTree(HKEY_CURRENT_USER, kMakerKey, kSavedKey);
+    m_hadMachineKeys = copyTree(HKEY_LOCAL_MACHINE, kMakerKey, kSavedKey);
     const std::string mirror = MirrorFile();
     m_hadMirror = PathExists(mirror);
     if (m_hadMirror)
@@ -150,8 +111,12 @@ SuiteSettingsGuard::SuiteSettingsGuard()
 SuiteSettingsGuard::~SuiteSettingsGuard()
 {
     Clear();
-    restore(HKEY_CURRENT_USER, m_userKeys.get());
-    restore(HKEY_LOCAL_MACHINE, m_machineKeys.get());
+    if (m_hadUserKeys)
+        copyTree(HKEY_CURRENT_USER, kSavedKey, kMakerKey);
+    if (m_hadMachineKeys)
+        copyTree(HKEY_LOCAL_MACHINE, kSavedKey, kMakerKey);
+    DeleteKeyTree(HKEY_CURRENT_USER, kSavedKey);
+    DeleteKeyTree(HKEY_LOCAL_MACHINE, kSavedKey);
     if (m_hadMirror)
         WriteBytes(MirrorFile(), m_mirror);
     for (const std::string& folder : m_newFolders)

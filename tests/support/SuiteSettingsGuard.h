@@ -13,24 +13,10 @@
 
 #include <windows.h>
 
-#include <map>
-#include <memory>
 #include <string>
 #include <vector>
 
 namespace tqmtest {
-
-// A registry key with its values and subkeys, as read.
-struct KeySnapshot
-{
-    struct Value
-    {
-        DWORD type;
-        std::string data;
-    };
-    std::map<std::string, Value> values;
-    std::map<std::string, KeySnapshot> subkeys;
-};
 
 class SuiteSettingsGuard
 {
@@ -45,8 +31,8 @@ public:
 
 private:
     HANDLE m_hMutex;
-    std::unique_ptr<KeySnapshot> m_userKeys;     // null: there were none
-    std::unique_ptr<KeySnapshot> m_machineKeys;
+    bool m_hadUserKeys;  // kept in a key of the tests' own meanwhile
+    bool m_hadMachineKeys;
     bool m_hadMirror;
     std::string m_mirror;
     std::vector<std::string> m_newFolders;       // suite folders to remove afterwards
@@ -56,6 +42,8 @@ private:
 std::string SuiteKeyPath();
 // The machine-wide mirror file.
 std::string MirrorFile();
+// The entry as the mirror file holds it; "<none>" when it is not there.
+std::string MirrorEntry(const char* section, const char* entry);
 // Opens a key below hive in the library's (32-bit) view; NULL when missing.
 HKEY OpenSuiteView(HKEY hive, const std::string& path, REGSAM access = KEY_READ);
 // Deletes a key below hive with everything in it (32-bit view).

@@ -19,12 +19,17 @@ std::string withoutCarriageReturns(const std::string& text)
 
 }  // namespace
 
-TqmRun RunTqm(std::initializer_list<std::string> args, const std::string& input)
+std::string TqmCommandLine(const std::vector<std::string>& args)
 {
     std::string commandLine = QuoteArgument(ProgramDir() + "\\tqm.exe");
     for (const std::string& arg : args)
         commandLine += " " + QuoteArgument(arg);
-    const ProgramRun run = RunProgram(commandLine, input);
+    return commandLine;
+}
+
+TqmRun RunTqm(const std::vector<std::string>& args, const std::string& input)
+{
+    const ProgramRun run = RunProgram(TqmCommandLine(args), input);
     return TqmRun{run.exitCode, withoutCarriageReturns(run.out), withoutCarriageReturns(run.err)};
 }
 

@@ -1,11 +1,8 @@
 // tqm trace: a viewer in its own process receives what this process (and a
 // third one, tqm trace --send) reports.
 #include "diag/DebugOutput.h"
-#include "diag/ErrorReport.h"
-#include "support/BoxRecorder.h"
 #include "support/ChildProcess.h"
-#include "support/FileUtil.h"
-#include "support/TempDir.h"
+#include "support/TqmProgram.h"
 
 #include <gtest/gtest.h>
 
@@ -18,11 +15,10 @@
 
 namespace {
 
-using tqmtest::ProgramRun;
+using tqmtest::RunTqm;
+using tqmtest::TqmRun;
 
 const DWORD kTimeoutMs = 30000;
-
-std::string tqm(const std::string& args) { return "\"" + tqmtest::ProgramFolder() + "\\tqm.exe\" " + args; }
 
 std::string hex8(HWND hWnd)
 {
@@ -32,33 +28,40 @@ std::string hex8(HWND hWnd)
 }
 
 // One printed message: "HH:MM:SS.mmm  WINDOW  TAG  TEXT".
-struct ViewerLine
-{
-    std::string time, window, tag, text;
-};
+struct ViewerLine { std::string time, window, tag, text; };
 
-// A trace viewer process, killed at the end of the test whatever happens.
+// A trace viewer process, run on a thread of its own. One that has not ended
+// after a minute is stopped, which also lets every send to it return.
 class ViewerProcess
 {
 public:
-    bool start(const std::string& options = "")
+    ~ViewerProcess() { close(); }
+    bool start(std::vector<std::string> args = {})
     {
-        if (!m_process.start(tqm("trace " + options), m_dir.file("viewer.txt")))
-            return false;
-        for (DWORD waited = 0; waited < kTimeoutMs; waited += 50) {
+        args.insert(args.begin(), "trace");
+        m_thread = std::thread([this, args] { m_run = tqmtest::RunProgram(tqmtest::TqmCommandLine(args)); });
+        for (DWORD waited = 0; waited < kTimeoutMs && !m_window; waited += 50) {
+            Sleep(50);
             m_window = FindWindowA(TARN_TRACE_WINDOW_CLASS, nullptr);
-            if (m_window)
-                return true;
-            if (m_process.wait(50))
-                return false;  // it ended instead
         }
-        return false;
+        return m_window != nullptr;
     }
-    HWND window() const { return m_window; }
-    tqmtest::RunningProgram& process() { return m_process; }
-    std::string output() const { return tqmtest::ReadBytes(m_dir.file("viewer.txt")); }
+    // Waits for the viewer to end; its exit code, -1 when it had to be stopped.
+    int wait()
+    {
+        if (m_thread.joinable())
+            m_thread.join();
+        return m_run.exitCode;
+    }
+    int close()
+    {
+        if (m_thread.joinable())
+            PostMessageA(m_window, WM_CLOSE, 0, 0);
+        return wait();
+    }
+    const std::string& output() const { return m_run.out; }
 
-    // The message lines printed so far (the viewer's own notes on stderr left out).
+    // The message lines printed (the viewer's own notes on stderr left out).
     std::vector<ViewerLine> lines() const
     {
         std::vector<ViewerLine> result;
@@ -67,16 +70,15 @@ public:
         while (std::getline(in, line)) {
             if (!line.empty() && line.back() == '\r')
                 line.pop_back();
-            if (line.size() < 30 || line.compare(0, 10, "tqm trace:") == 0)
-                continue;
-            result.push_back({line.substr(0, 12), line.substr(14, 8), line.substr(24, 4), line.substr(30)});
+            if (line.size() >= 30)
+                result.push_back({line.substr(0, 12), line.substr(14, 8), line.substr(24, 4), line.substr(30)});
         }
         return result;
     }
 
 private:
-    tqmtest::TempDir m_dir;
-    tqmtest::RunningProgram m_process;
+    std::thread m_thread;
+    tqmtest::ProgramRun m_run{-1, std::string(), std::string()};
     HWND m_window = nullptr;
 };
 
@@ -99,70 +101,36 @@ protected:
     }
 };
 
-// Runs work on a thread of its own; when it does not finish in time (a send
-// to a stuck viewer), the viewer is killed, which lets every send return.
-template <typename Work>
-bool runWithViewerWatchdog(ViewerProcess& viewer, Work work)
-{
-    HANDLE done = CreateEventA(nullptr, TRUE, FALSE, nullptr);
-    std::thread worker([&] {
-        work();
-        SetEvent(done);
-    });
-    bool inTime = WaitForSingleObject(done, kTimeoutMs) == WAIT_OBJECT_0;
-    if (!inTime)
-        viewer.process().kill();
-    worker.join();
-    CloseHandle(done);
-    return inTime;
-}
-
 TEST_F(TraceCommand, ViewerPrintsWhatOtherProcessesSendInOrder)
 {
     ViewerProcess viewer;
-    ASSERT_TRUE(viewer.start()) << viewer.output();
+    ASSERT_TRUE(viewer.start());
 
     // A visible window makes this process's main window for the senders.
     HWND main = CreateWindowA("STATIC", "main", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 100, 100, nullptr, nullptr,
                               GetModuleHandleA(nullptr), nullptr);
     ASSERT_NE(nullptr, main);
 
-    tqmtest::BoxRecorder boxes(IDIGNORE);
-    DWORD workerId = 0;
-    ProgramRun fromTqm;
     std::vector<bool> sent;
-    bool inTime = runWithViewerWatchdog(viewer, [&] {
-        workerId = GetCurrentThreadId();
-        sent.push_back(TarnVerbose(0, "first line %d", 1));
-        sent.push_back(TarnVerbose(TARN_VERBOSE_ERROR | TARN_VERBOSE_NO_THREAD, "two\nparts"));
-        const BYTE bytes[17] = {'T', 'Q', 'M', 0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 0xFF};
-        sent.push_back(TarnHexDump(bytes, sizeof(bytes)));
-        sent.push_back(TarnDebug("TARN_ASSERT", "pData != NULL", "C:\\src\\datafiles\\RecFile.cpp", 955));
-        fromTqm = tqmtest::RunProgram(tqm("trace --send --warning \"from tqm\""), std::string(), kTimeoutMs);
-        sent.push_back(TarnVerbose(TARN_VERBOSE_NO_THREAD, "last"));
-    });
+    sent.push_back(TarnVerbose(0, "first line %d", 1));
+    sent.push_back(TarnVerbose(TARN_VERBOSE_ERROR | TARN_VERBOSE_NO_THREAD, "two\nparts"));
+    const BYTE bytes[17] = {'T', 'Q', 'M', 0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 0xFF};
+    sent.push_back(TarnHexDump(bytes, sizeof(bytes)));
+    const TqmRun fromTqm = RunTqm({"trace", "--send", "--warning", "from tqm"});
+    sent.push_back(TarnVerbose(TARN_VERBOSE_NO_THREAD, "last"));
     DestroyWindow(main);
-    ASSERT_TRUE(inTime) << "a send did not return; the viewer was killed";
-    EXPECT_EQ(std::vector<bool>(5, true), sent);
+    EXPECT_EQ(std::vector<bool>(4, true), sent);
     EXPECT_EQ(0, fromTqm.exitCode) << fromTqm.err;
-    EXPECT_EQ(1u, boxes.count());
-
-    PostMessageA(viewer.window(), WM_CLOSE, 0, 0);
-    ASSERT_TRUE(viewer.process().wait(kTimeoutMs)) << viewer.output();
-    EXPECT_EQ(0u, viewer.process().exitCode());
+    ASSERT_EQ(0, viewer.close()) << viewer.output();
 
     std::vector<ViewerLine> lines = viewer.lines();
     std::string us = hex8(main);
-    std::string worker = std::to_string(workerId & 0xFFFF);
-    struct Expected
-    {
-        std::string window, text;
-    } expected[] = {
-        {us, worker + ": first line 1"},
+    std::string thread = std::to_string(GetCurrentThreadId() & 0xFFFF);
+    struct Expected { std::string window, text; } expected[] = {
+        {us, thread + ": first line 1"},
         {us, "Error: two\\nparts"},
         {us, "0000 54 51 4D 00 01 02 03 04 05 06 07 08 09 0A 0B 0C  TQM............."},
         {us, "0010 FF " + std::string(45, ' ') + " ."},
-        {us, "TARN_ASSERT failed at line 955 in RecFile:\\n pData != NULL"},
         {"00000000", "<thread>: Warning: from tqm"},  // tqm --send has no window
         {us, "last"},
     };
@@ -180,18 +148,15 @@ TEST_F(TraceCommand, ViewerPrintsWhatOtherProcessesSendInOrder)
 TEST_F(TraceCommand, OnlyOneViewerRunsAndCountEndsIt)
 {
     ViewerProcess viewer;
-    ASSERT_TRUE(viewer.start("--count 2")) << viewer.output();
+    ASSERT_TRUE(viewer.start({"--count", "2"}));
 
-    ProgramRun second = tqmtest::RunProgram(tqm("trace"), std::string(), kTimeoutMs);
+    TqmRun second = RunTqm({"trace"});
     EXPECT_EQ(1, second.exitCode);
     EXPECT_NE(std::string::npos, second.err.find("already running")) << second.err;
 
-    ProgramRun a = tqmtest::RunProgram(tqm("trace --send a"), std::string(), kTimeoutMs);
-    ProgramRun b = tqmtest::RunProgram(tqm("trace --send --error b"), std::string(), kTimeoutMs);
-    EXPECT_EQ(0, a.exitCode);
-    EXPECT_EQ(0, b.exitCode);
-    ASSERT_TRUE(viewer.process().wait(kTimeoutMs)) << "--count 2 did not end the viewer";
-    EXPECT_EQ(0u, viewer.process().exitCode());
+    EXPECT_EQ(0, RunTqm({"trace", "--send", "a"}).exitCode);
+    EXPECT_EQ(0, RunTqm({"trace", "--send", "--error", "b"}).exitCode);
+    ASSERT_EQ(0, viewer.wait()) << "--count 2 did not end the viewer";
     std::vector<ViewerLine> lines = viewer.lines();
     ASSERT_EQ(2u, lines.size()) << viewer.output();
     EXPECT_NE(std::string::npos, lines[0].text.find(": a"));
@@ -200,15 +165,16 @@ TEST_F(TraceCommand, OnlyOneViewerRunsAndCountEndsIt)
 
 TEST_F(TraceCommand, SendWithoutViewerAndUsageErrors)
 {
-    ProgramRun alone = tqmtest::RunProgram(tqm("trace --send hello"), std::string(), kTimeoutMs);
+    TqmRun alone = RunTqm({"trace", "--send", "hello"});
     EXPECT_EQ(1, alone.exitCode);
     EXPECT_NE(std::string::npos, alone.err.find("no trace viewer is running")) << alone.err;
 
-    for (const char* args : {"trace --send", "trace --count 0", "trace --count", "trace text", "trace --bogus",
-                             "trace --send a b", "trace --error"}) {
-        ProgramRun usage = tqmtest::RunProgram(tqm(args), std::string(), kTimeoutMs);
-        EXPECT_EQ(2, usage.exitCode) << args << ": " << usage.err;
-    }
+    const std::vector<std::vector<std::string>> usage = {{"trace", "--send"},  {"trace", "--count", "0"},
+                                                         {"trace", "--count"}, {"trace", "text"},
+                                                         {"trace", "--bogus"}, {"trace", "--send", "a", "b"},
+                                                         {"trace", "--error"}};
+    for (const auto& args : usage)
+        EXPECT_EQ(2, RunTqm(args).exitCode) << args.back();
 }
 
 }  // namespace
