@@ -19,11 +19,26 @@ TQM_CPPAPI CException* TqmTakeDeferredException();
 
 // Throws the parked exception, if any, with its own type so that a caller's
 // catch (CFileException*) matches. Runs in the caller's module.
+//
+// The thread's last-error code is part of the report (a caller reads it in
+// its catch), but the first throw in a module sets the runtime's exception
+// machinery up through calls that clear that code. So the module's first
+// throw is a private one here, and the code is put back before the real one.
 inline void TqmThrowDeferred()
 {
     CException* e = TqmTakeDeferredException();
     if (!e)
         return;
+    DWORD dwError = ::GetLastError();
+    static const bool s_bThrownOnce = [] {
+        try {
+            throw 0;
+        } catch (int) {
+        }
+        return true;
+    }();
+    (void)s_bThrownOnce;
+    ::SetLastError(dwError);
     if (auto* pFile = dynamic_cast<CFileException*>(e))
         throw pFile;
     if (auto* pArg = dynamic_cast<CInvalidArgException*>(e))
