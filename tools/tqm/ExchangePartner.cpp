@@ -1,0 +1,70 @@
+// The answering side of the data exchange.
+#include "tools/tqm/ExchangePartner.h"
+
+#include "ipc/DataExchange.h"
+
+#include <stdio.h>
+#include <string.h>
+
+namespace tqmtool {
+
+ExchangePartner::ExchangePartner()
+    : m_requestMessage(RegisterWindowMessageA(TARN_MSG_DATA_EXCHANGE)),
+      m_replyMessage(RegisterWindowMessageA(TARN_MSG_DATA_READY))
+{
+}
+
+bool ExchangePartner::ReadRequest(ATOM sectionAtom, std::string& sectionName, std::string& request)
+{
+    char name[256] = "";
+    GlobalGetAtomNameA(sectionAtom, name, sizeof(name));
+    GlobalDeleteAtom(sectionAtom);
+    sectionName = name;
+    request.clear();
+    tqm::UniqueHandle section(OpenFileMappingA(FILE_MAP_READ, FALSE, name));
+    if (!section)
+        return false;
+    tqm::UniqueView view(MapViewOfFile(section.get(), FILE_MAP_READ, 0, 0, TQM_EXCHANGE_REQUEST_SIZE));
+    if (!view)
+        return false;
+    const char* bytes = static_cast<const char*>(view.get());
+    request.assign(bytes, strnlen(bytes, TQM_EXCHANGE_REQUEST_SIZE));
+    return true;
+}
+
+bool ExchangePartner::Reply(HWND requester, const void* reply, DWORD size, DWORD* pError)
+{
+    releaseAnswered(requester);
+    char name[64];
+    snprintf(name, sizeof(name), "Tqm.ExchangeReply.%lu.%lu", GetCurrentProcessId(), ++m_serial);
+    // A section cannot be empty: an empty reply gets one byte nobody reads.
+    tqm::UniqueHandle section(
+        CreateFileMappingA(INVALID_HANDLE_VALUE, nullptr, PAGE_READWRITE, 0, size ? size : 1, name));
+    tqm::UniqueView view(section ? MapViewOfFile(section.get(), FILE_MAP_WRITE, 0, 0, 0) : nullptr);
+    if (!view) {
+        *pError = GetLastError();
+        return false;
+    }
+    if (size)
+        memcpy(view.get(), reply, size);
+    view.reset();
+    ATOM atom = GlobalAddAtomA(name);
+    if (!PostMessageA(requester, m_replyMessage, size, atom)) {
+        *pError = GetLastError();
+        GlobalDeleteAtom(atom);
+        return false;
+    }
+    m_replies[requester] = std::move(section);
+    return true;
+}
+
+// A requester that asks again has read its last reply (its exchange waits
+// until it has); one whose window is gone never will.
+void ExchangePartner::releaseAnswered(HWND requester)
+{
+    m_replies.erase(requester);
+    for (auto it = m_replies.begin(); it != m_replies.end();)
+        it = IsWindow(it->first) ? std::next(it) : m_replies.erase(it);
+}
+
+}  // namespace tqmtool

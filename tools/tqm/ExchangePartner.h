@@ -1,0 +1,44 @@
+// ExchangePartner - the answering side of the data exchange (ExchangeData,
+// ipc/DataExchange.h), for programs that stand in for a partner: tqm pm and
+// the benchmark's partner process.
+#pragma once
+
+#include "framework/Handles.h"
+
+#include <windows.h>
+
+#include <map>
+#include <string>
+
+namespace tqmtool {
+
+class ExchangePartner
+{
+public:
+    ExchangePartner();
+
+    // The numbers of the request ("Tarn52:DataExchange") and reply messages.
+    UINT RequestMessage() const { return m_requestMessage; }
+    UINT ReplyMessage() const { return m_replyMessage; }
+
+    // The request a "Tarn52:DataExchange" message announces, from the section
+    // named by its atom (deleted here): the bytes up to the first zero byte.
+    // False when the section cannot be opened or mapped.
+    static bool ReadRequest(ATOM sectionAtom, std::string& sectionName, std::string& request);
+
+    // Answers the requester's window with size bytes: writes them into a
+    // section of our own and posts "Tarn52:DataReady". The section stays open
+    // until the requester asks again or its window is gone. False, with the
+    // system's error code, when the section cannot be made or the post fails.
+    bool Reply(HWND requester, const void* reply, DWORD size, DWORD* pError);
+
+private:
+    void releaseAnswered(HWND requester);
+
+    UINT m_requestMessage;
+    UINT m_replyMessage;
+    unsigned long m_serial = 0;
+    std::map<HWND, tqm::UniqueHandle> m_replies;  // the last reply section per requester
+};
+
+}  // namespace tqmtool
