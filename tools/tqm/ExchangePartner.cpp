@@ -34,7 +34,10 @@ bool ExchangePartner::ReadRequest(ATOM sectionAtom, std::string& sectionName, st
 
 bool ExchangePartner::Reply(HWND requester, const void* reply, DWORD size, DWORD* pError)
 {
-    releaseAnswered(requester);
+    // A requester that asks again has read its last reply: its exchange
+    // waited until it had.
+    m_replies.erase(requester);
+    releaseGone();
     char name[64];
     snprintf(name, sizeof(name), "Tqm.ExchangeReply.%lu.%lu", GetCurrentProcessId(), ++m_serial);
     // A section cannot be empty: an empty reply gets one byte nobody reads.
@@ -58,13 +61,18 @@ bool ExchangePartner::Reply(HWND requester, const void* reply, DWORD size, DWORD
     return true;
 }
 
-// A requester that asks again has read its last reply (its exchange waits
-// until it has); one whose window is gone never will.
-void ExchangePartner::releaseAnswered(HWND requester)
+// A requester whose window is gone reads nothing more.
+void ExchangePartner::releaseGone()
 {
-    m_replies.erase(requester);
     for (auto it = m_replies.begin(); it != m_replies.end();)
         it = IsWindow(it->first) ? std::next(it) : m_replies.erase(it);
+}
+
+void ExchangePartner::WaitForReaders(DWORD maxMs)
+{
+    const DWORD start = GetTickCount();
+    for (releaseGone(); !m_replies.empty() && GetTickCount() - start < maxMs; releaseGone())
+        Sleep(10);
 }
 
 }  // namespace tqmtool

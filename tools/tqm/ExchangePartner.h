@@ -32,8 +32,13 @@ public:
     // system's error code, when the section cannot be made or the post fails.
     bool Reply(HWND requester, const void* reply, DWORD size, DWORD* pError);
 
+    // Before the partner ends: waits, at most maxMs, until every requester
+    // whose reply may still be unread has gone (a program that asked once
+    // and ends, such as tqm exchange), so that no reply vanishes unread.
+    void WaitForReaders(DWORD maxMs);
+
 private:
-    void releaseAnswered(HWND requester);
+    void releaseGone();
 
     UINT m_requestMessage;
     UINT m_replyMessage;

@@ -44,7 +44,8 @@ const char kUsage[] =
     "exchange  a data-exchange request (ExchangeData): its section, the request\n"
     "          up to its first zero byte, and the reply's size. The reply echoes\n"
     "          the request; --reply TEXT or --reply-file FILE (\"-\": standard\n"
-    "          input) give a fixed one\n"
+    "          input) give a fixed one. A reply not yet read when the stand-in\n"
+    "          ends stays available up to 5 seconds, until its requester has gone\n"
     "ack       a message in the WM_APP range (8000 to BFFF hex) posted to the\n"
     "          window: acknowledged to the window in its wParam with its lParam\n"
     "          (PostAckMessage), as PostMessageAndWaitAck awaits\n"
@@ -87,6 +88,9 @@ public:
         m_window.CountEvent();
         return true;
     }
+
+    // Replies not yet read stay available a while after the window closed.
+    void Finish() { m_exchange.WaitForReaders(5000); }
 
 private:
     void printCopyData(const COPYDATASTRUCT& data)
@@ -196,6 +200,7 @@ int runPm(const Args& args)
     fprintf(stderr, "tqm pm: standing in for the project manager (window %s); Ctrl+C ends\n",
             WindowText(window.Window()).c_str());
     window.Run();
+    standIn.Finish();
     return kExitOk;
 }
 
