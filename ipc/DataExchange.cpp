@@ -75,8 +75,10 @@ BOOL WINAPI ExchangeData(EXCHANGEDATA* pData)
     if (!pData || !pData->pszSectionName)
         return FALSE;
     EXCHANGEDATA& data = *pData;
-    const UINT exchangeMessage = ::RegisterWindowMessageA(TARN_MSG_DATA_EXCHANGE);
-    const UINT readyMessage = ::RegisterWindowMessageA(TARN_MSG_DATA_READY);
+    // Registered once and kept: a name gives the same number for the whole
+    // session, and registering costs two trips to the window manager.
+    static const UINT exchangeMessage = ::RegisterWindowMessageA(TARN_MSG_DATA_EXCHANGE);
+    static const UINT readyMessage = ::RegisterWindowMessageA(TARN_MSG_DATA_READY);
 
     tqm::UniqueHandle request = makeRequestSection(data);
     if (!request)

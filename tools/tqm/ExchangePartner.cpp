@@ -34,30 +34,42 @@ bool ExchangePartner::ReadRequest(ATOM sectionAtom, std::string& sectionName, st
 
 bool ExchangePartner::Reply(HWND requester, const void* reply, DWORD size, DWORD* pError)
 {
-    // A requester that asks again has read its last reply: its exchange
-    // waited until it had.
-    m_replies.erase(requester);
     releaseGone();
-    char name[64];
-    snprintf(name, sizeof(name), "Tqm.ExchangeReply.%lu.%lu", GetCurrentProcessId(), ++m_serial);
-    // A section cannot be empty: an empty reply gets one byte nobody reads.
-    tqm::UniqueHandle section(
-        CreateFileMappingA(INVALID_HANDLE_VALUE, nullptr, PAGE_READWRITE, 0, size ? size : 1, name));
-    tqm::UniqueView view(section ? MapViewOfFile(section.get(), FILE_MAP_WRITE, 0, 0, 0) : nullptr);
-    if (!view) {
-        *pError = GetLastError();
-        return false;
+    ReplySection& section = m_replies[requester];
+    if (section.capacity < size || !section.view) {
+        if (!makeSection(section, size)) {
+            *pError = GetLastError();
+            m_replies.erase(requester);
+            return false;
+        }
     }
     if (size)
-        memcpy(view.get(), reply, size);
-    view.reset();
-    ATOM atom = GlobalAddAtomA(name);
+        memcpy(section.view.get(), reply, size);
+    ATOM atom = GlobalAddAtomA(section.name.c_str());
     if (!PostMessageA(requester, m_replyMessage, size, atom)) {
         *pError = GetLastError();
         GlobalDeleteAtom(atom);
         return false;
     }
-    m_replies[requester] = std::move(section);
+    return true;
+}
+
+// A new section under a new name: the requester may still hold the old one.
+bool ExchangePartner::makeSection(ReplySection& reply, DWORD size)
+{
+    char name[64];
+    snprintf(name, sizeof(name), "Tqm.ExchangeReply.%lu.%lu", GetCurrentProcessId(), ++m_serial);
+    // A section cannot be empty: an empty reply gets one byte nobody reads.
+    const DWORD capacity = size ? size : 1;
+    reply.view.reset();
+    reply.section.reset(CreateFileMappingA(INVALID_HANDLE_VALUE, nullptr, PAGE_READWRITE, 0, capacity, name));
+    if (!reply.section)
+        return false;
+    reply.view.reset(MapViewOfFile(reply.section.get(), FILE_MAP_WRITE, 0, 0, 0));
+    if (!reply.view)
+        return false;
+    reply.name = name;
+    reply.capacity = capacity;
     return true;
 }
 

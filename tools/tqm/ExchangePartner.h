@@ -27,9 +27,11 @@ public:
     static bool ReadRequest(ATOM sectionAtom, std::string& sectionName, std::string& request);
 
     // Answers the requester's window with size bytes: writes them into a
-    // section of our own and posts "Tarn52:DataReady". The section stays open
-    // until the requester asks again or its window is gone. False, with the
-    // system's error code, when the section cannot be made or the post fails.
+    // section of our own and posts "Tarn52:DataReady". Each requester has its
+    // section, kept open and used again for its next reply when that fits
+    // (by then it has read the last one: its exchange waited until it had);
+    // it goes when the requester's window is gone. False, with the system's
+    // error code, when the section cannot be made or the post fails.
     bool Reply(HWND requester, const void* reply, DWORD size, DWORD* pError);
 
     // Before the partner ends: waits, at most maxMs, until every requester
@@ -40,10 +42,19 @@ public:
 private:
     void releaseGone();
 
+    struct ReplySection
+    {
+        std::string name;
+        DWORD capacity = 0;
+        tqm::UniqueHandle section;
+        tqm::UniqueView view;
+    };
+    bool makeSection(ReplySection& reply, DWORD size);
+
     UINT m_requestMessage;
     UINT m_replyMessage;
     unsigned long m_serial = 0;
-    std::map<HWND, tqm::UniqueHandle> m_replies;  // the last reply section per requester
+    std::map<HWND, ReplySection> m_replies;  // the reply section of each requester
 };
 
 }  // namespace tqmtool
