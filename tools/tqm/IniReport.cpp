@@ -1,9 +1,10 @@
 // Finding and explaining the line an INI document stopped reading at.
 #include "tools/tqm/IniReport.h"
 
-#include "config/logic/IniLineGrammar.h"
-#include "framework/StdioFile.h"
+#include "config/logic/IniText.h"
+#include "framework/FileBytes.h"
 
+#include <stdio.h>
 #include <string.h>
 
 #include <vector>
@@ -15,23 +16,42 @@ namespace {
 // pieces of kLineBufferSize - 1 characters, each counted as a line.
 bool readLineAt(const char* path, int nLine, std::string& text)
 {
-    CStdioFile file;
-    if (!file.Open(path, CStdioFile::modeRead | CStdioFile::typeText))
+    std::string bytes;
+    if (!tqm::ReadFileBytes(path, bytes))
         return false;
+    tqm::ini::IniTextLines lines(bytes.data(), bytes.size());
     std::vector<char> line(tqm::ini::kLineBufferSize);
-    try {
-        for (int i = 0; file.ReadString(line.data(), static_cast<UINT>(line.size())); ++i) {
-            if (i == nLine) {
-                text = line.data();
-                while (!text.empty() && (text.back() == '\n' || text.back() == '\r'))
-                    text.pop_back();
-                return true;
-            }
+    for (int i = 0; size_t n = lines.Next(line.data(), line.size() - 1); ++i) {
+        if (i == nLine) {
+            text.assign(line.data(), n);
+            while (!text.empty() && (text.back() == '\n' || text.back() == '\r'))
+                text.pop_back();
+            return true;
         }
-    } catch (CException* e) {
-        e->Delete();
     }
     return false;
+}
+
+// The line as a terminal can show it: at most kShownCharacters, the control
+// characters and DEL escaped as \xNN, and what was left out counted.
+std::string printable(const std::string& text)
+{
+    const size_t kShownCharacters = 80;
+    std::string shown;
+    size_t i = 0;
+    for (; i < text.size() && shown.size() < kShownCharacters; ++i) {
+        unsigned char c = static_cast<unsigned char>(text[i]);
+        if (c < 32 || c == 127) {
+            char escaped[8];
+            snprintf(escaped, sizeof(escaped), "\\x%02X", c);
+            shown += escaped;
+        } else {
+            shown += static_cast<char>(c);
+        }
+    }
+    if (i < text.size())
+        shown += " ... (" + std::to_string(text.size() - i) + " characters more)";
+    return shown;
 }
 
 // The reader's own rules, applied to the offending line once more.
@@ -77,7 +97,7 @@ std::string FormatReadFailure(const std::string& displayName, const IniReadFailu
 {
     if (!failure.bOpened)
         return "cannot read " + displayName;
-    return displayName + ":" + std::to_string(failure.nLine) + ": " + failure.reason + ": " + failure.text;
+    return displayName + ":" + std::to_string(failure.nLine) + ": " + failure.reason + ": " + printable(failure.text);
 }
 
 }  // namespace tqmtool
