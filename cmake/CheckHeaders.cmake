@@ -1,9 +1,15 @@
 cmake_minimum_required(VERSION 3.20)
 # Compiles every header of the tree by itself, so that each one includes what
 # it uses and none depends on the headers included before it.
-# Arguments: COMPILER, ROOT (the source tree), FLAGS (,-list of options).
+# Arguments: COMPILER, ROOT (the source tree), FLAGS (,-list of options),
+# PATTERNS (,-list of globs below ROOT; by default every header).
 string(REPLACE "," ";" FLAGS "${FLAGS}")
-file(GLOB headers RELATIVE ${ROOT} ${ROOT}/*/*.h ${ROOT}/*/logic/*.h ${ROOT}/tools/*/*.h)
+if(NOT PATTERNS)
+  set(PATTERNS "*/*.h,*/logic/*.h,tools/*/*.h")
+endif()
+string(REPLACE "," ";" PATTERNS "${PATTERNS}")
+list(TRANSFORM PATTERNS PREPEND ${ROOT}/)
+file(GLOB headers RELATIVE ${ROOT} ${PATTERNS})
 list(FILTER headers EXCLUDE REGEX "^(build|tests)/")
 list(SORT headers)
 set(failures 0)
