@@ -4,12 +4,11 @@
 namespace tqm {
 namespace {
 
-OVERLAPPED at(uint64_t pos)
+bool moveTo(HANDLE hFile, uint64_t pos)
 {
-    OVERLAPPED ov = {};
-    ov.Offset = static_cast<DWORD>(pos);
-    ov.OffsetHigh = static_cast<DWORD>(pos >> 32);
-    return ov;
+    LARGE_INTEGER distance;
+    distance.QuadPart = static_cast<LONGLONG>(pos);
+    return ::SetFilePointerEx(hFile, distance, nullptr, FILE_BEGIN) != FALSE;
 }
 
 // The system's code of the failure just seen; a failure without one still is one.
@@ -24,11 +23,13 @@ uint32_t lastError(uint32_t fallback)
 uint32_t FileRecordStore::ReadAt(uint64_t pos, void* p, uint32_t n, uint32_t* pDone)
 {
     *pDone = 0;
-    OVERLAPPED ov = at(pos);
     DWORD dwLastError = ::GetLastError();
     DWORD dwDone = 0;
-    if (::ReadFile(m_hFile, p, n, &dwDone, &ov)) {
+    if (!moveTo(m_hFile, pos))
+        return lastError(ERROR_SEEK);
+    if (::ReadFile(m_hFile, p, n, &dwDone, nullptr)) {
         *pDone = dwDone;
+        ::SetLastError(dwLastError);  // see below
         return 0;
     }
     if (::GetLastError() != ERROR_HANDLE_EOF)
@@ -42,9 +43,10 @@ uint32_t FileRecordStore::ReadAt(uint64_t pos, void* p, uint32_t n, uint32_t* pD
 
 uint32_t FileRecordStore::WriteAt(uint64_t pos, const void* p, uint32_t n)
 {
-    OVERLAPPED ov = at(pos);
     DWORD dwWritten = 0;
-    if (!::WriteFile(m_hFile, p, n, &dwWritten, &ov))
+    if (!moveTo(m_hFile, pos))
+        return lastError(ERROR_SEEK);
+    if (!::WriteFile(m_hFile, p, n, &dwWritten, nullptr))
         return lastError(ERROR_WRITE_FAULT);
     // A disk file takes all or fails; a short write still lost data.
     return dwWritten == n ? 0 : ERROR_WRITE_FAULT;

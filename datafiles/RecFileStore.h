@@ -1,10 +1,12 @@
 // FileRecordStore - a record file's bytes in a file: the system's side of
 // the record file.
 //
-// Reads and writes name their offsets, so the system's file pointer plays no
-// part. Under Wine such a write costs as much as a dozen plain ones; the
-// record file's buffer (datafiles/logic/RecordStore.h) makes them few and
-// large. Failures give the system's error code.
+// Each read and write first moves the file pointer to its offset: only the
+// store moves it, the file being open without sharing. (Reads and writes
+// that name their offset through an OVERLAPPED cost several times as much
+// under Wine.) The record file's buffer (datafiles/logic/RecordStore.h) makes
+// the calls few and large. Failures give the system's error code; reading
+// leaves the thread's last-error code as it was.
 #pragma once
 
 #include "datafiles/logic/RecordStore.h"
