@@ -3,8 +3,8 @@
 
 #include "config/logic/IniText.h"
 #include "framework/FileBytes.h"
+#include "tools/tqm/Printable.h"
 
-#include <stdio.h>
 #include <string.h>
 
 #include <vector>
@@ -30,28 +30,6 @@ bool readLineAt(const char* path, int nLine, std::string& text)
         }
     }
     return false;
-}
-
-// The line as a terminal can show it: at most kShownCharacters, the control
-// characters and DEL escaped as \xNN, and what was left out counted.
-std::string printable(const std::string& text)
-{
-    const size_t kShownCharacters = 80;
-    std::string shown;
-    size_t i = 0;
-    for (; i < text.size() && shown.size() < kShownCharacters; ++i) {
-        unsigned char c = static_cast<unsigned char>(text[i]);
-        if (c < 32 || c == 127) {
-            char escaped[8];
-            snprintf(escaped, sizeof(escaped), "\\x%02X", c);
-            shown += escaped;
-        } else {
-            shown += static_cast<char>(c);
-        }
-    }
-    if (i < text.size())
-        shown += " ... (" + std::to_string(text.size() - i) + " characters more)";
-    return shown;
 }
 
 // The reader's own rules, applied to the offending line once more.
@@ -97,7 +75,7 @@ std::string FormatReadFailure(const std::string& displayName, const IniReadFailu
 {
     if (!failure.bOpened)
         return "cannot read " + displayName;
-    return displayName + ":" + std::to_string(failure.nLine) + ": " + failure.reason + ": " + printable(failure.text);
+    return displayName + ":" + std::to_string(failure.nLine) + ": " + failure.reason + ": " + Printable(failure.text.data(), failure.text.size(), 80);
 }
 
 }  // namespace tqmtool
