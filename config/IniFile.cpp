@@ -279,12 +279,12 @@ int CTQMIniFile::Read(const char* pszPath)
     if (!pszPath)
         return 0;
     return failSafe(0, [&] {
-        std::string bytes;
-        if (!tqm::ReadFileBytes(pszPath, bytes))
+        tqm::FileView text;
+        if (!text.Open(pszPath))
             return 0;
         m_pSections = new CPtrArray;
         m_pCurEntries = nullptr;
-        int nResult = readText(bytes.data(), bytes.size());
+        int nResult = readText(text.data(), text.size());
         finishReadSection();
         return nResult;
     });

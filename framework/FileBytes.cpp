@@ -13,30 +13,28 @@ constexpr DWORD kMaxChunk = 1u << 30;
 
 }  // namespace
 
-bool ReadFileBytes(const char* pszPath, std::string& bytes)
+bool FileView::Open(const char* pszPath)
 {
-    bytes.clear();
+    m_view.reset();
+    m_size = 0;
     UniqueFile file(::CreateFileA(pszPath, GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
                                   FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
     LARGE_INTEGER size;
     if (!file || !::GetFileSizeEx(file.get(), &size))
         return false;
-    if (static_cast<ULONGLONG>(size.QuadPart) >= bytes.max_size()) {
+    if (static_cast<ULONGLONG>(size.QuadPart) > static_cast<SIZE_T>(-1) / 2) {
         ::SetLastError(ERROR_NOT_ENOUGH_MEMORY);
         return false;
     }
-    bytes.resize(static_cast<size_t>(size.QuadPart));
-    size_t done = 0;
-    while (done < bytes.size()) {
-        DWORD want = bytes.size() - done < kMaxChunk ? static_cast<DWORD>(bytes.size() - done) : kMaxChunk;
-        DWORD got = 0;
-        if (!::ReadFile(file.get(), &bytes[done], want, &got, nullptr))
-            return false;
-        if (got == 0)
-            break;  // the file became shorter since its size was taken
-        done += got;
-    }
-    bytes.resize(done);
+    if (size.QuadPart == 0)
+        return true;  // an empty file cannot be mapped, and needs no view
+    UniqueHandle mapping(::CreateFileMappingA(file.get(), nullptr, PAGE_READONLY, 0, 0, nullptr));
+    if (!mapping)
+        return false;
+    m_view.reset(::MapViewOfFile(mapping.get(), FILE_MAP_READ, 0, 0, 0));
+    if (!m_view)
+        return false;
+    m_size = static_cast<size_t>(size.QuadPart);
     return true;
 }
 

@@ -16,8 +16,8 @@ namespace {
 // pieces of kLineBufferSize - 1 characters, each counted as a line.
 bool readLineAt(const char* path, int nLine, std::string& text)
 {
-    std::string bytes;
-    if (!tqm::ReadFileBytes(path, bytes))
+    tqm::FileView bytes;
+    if (!bytes.Open(path))
         return false;
     tqm::ini::IniTextLines lines(bytes.data(), bytes.size());
     std::vector<char> line(tqm::ini::kLineBufferSize);
