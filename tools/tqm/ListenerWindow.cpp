@@ -2,6 +2,7 @@
 #include "tools/tqm/ListenerWindow.h"
 
 #include "tools/tqm/Command.h"
+#include "tools/tqm/Printable.h"
 
 #include <stdarg.h>
 #include <stdio.h>
@@ -139,25 +140,7 @@ std::string PrintableText(const char* data, size_t count)
         --n;
     if (n > 0 && data[n - 1] == '\r')
         --n;
-    std::string text;
-    text.reserve(n);
-    for (size_t i = 0; i < n; ++i) {
-        unsigned char c = static_cast<unsigned char>(data[i]);
-        switch (c) {
-        case '\n': text += "\\n"; break;
-        case '\r': text += "\\r"; break;
-        case '\t': text += "\\t"; break;
-        default:
-            if (c < 0x20 || c == 0x7F) {
-                char hex[8];
-                snprintf(hex, sizeof(hex), "\\x%02X", c);
-                text += hex;
-            } else {
-                text += static_cast<char>(c);
-            }
-        }
-    }
-    return text;
+    return Printable(data, n);
 }
 
 std::string WindowText(HWND hWnd)

@@ -58,8 +58,8 @@ private:
 // Prints "HH:MM:SS.mmm  " and the formatted text as one line on stdout, at once.
 void PrintStampedLine(const char* format, ...) __attribute__((format(printf, 1, 2)));
 
-// count bytes of data as text on one line: up to the first zero byte,
-// without a final line end, control characters escaped (\n, \r, \t, \xNN).
+// count bytes of a received message as text on one line: up to the first
+// zero byte, without a final line end, escaped as Printable does.
 std::string PrintableText(const char* data, size_t count);
 
 // A window handle as the listeners print it: eight hex digits.
