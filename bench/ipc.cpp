@@ -220,6 +220,22 @@ void benchMolecules()
 
 // --- data exchange --------------------------------------------------------
 
+// Times trips round trips and keeps the fastest time in best; false when one fails.
+template <typename RoundTrip>
+bool timeTrips(int trips, double& best, RoundTrip roundTrip)
+{
+    double seconds = 0;
+    bool ok = BestOf(1, [&] {
+        for (int i = 0; i < trips; ++i) {
+            if (!roundTrip())
+                return false;
+        }
+        return true;
+    }, &seconds);
+    best = std::min(best, seconds);
+    return ok;
+}
+
 void benchExchange()
 {
     PartnerProcess partner;
@@ -240,23 +256,8 @@ void benchExchange()
         double exchange = 1e30, copyData = 1e30;
         bool ok = true;
         for (int round = 0; ok && round < kRounds; ++round) {
-            double seconds = 0;
-            ok = BestOf(1, [&] {
-                for (int i = 0; i < size.trips; ++i) {
-                    if (!exchangeRoundTrip(partner.window, self, size.bytes))
-                        return false;
-                }
-                return true;
-            }, &seconds);
-            exchange = std::min(exchange, seconds);
-            ok = ok && BestOf(1, [&] {
-                for (int i = 0; i < size.trips; ++i) {
-                    if (!copyDataRoundTrip(partner.window, self, size.bytes))
-                        return false;
-                }
-                return true;
-            }, &seconds);
-            copyData = std::min(copyData, seconds);
+            ok = timeTrips(size.trips, exchange, [&] { return exchangeRoundTrip(partner.window, self, size.bytes); }) &&
+                 timeTrips(size.trips, copyData, [&] { return copyDataRoundTrip(partner.window, self, size.bytes); });
         }
         if (!ok) {
             printf("exchange of %lu bytes failed\n", static_cast<unsigned long>(size.bytes));

@@ -3,6 +3,7 @@
 #include "ipc/AckMessages.h"
 #include "ipc/DataExchange.h"
 #include "ipc/Processes.h"
+#include "ipc/logic/MessageLevel.h"
 
 #include "config/QM5Profile.h"
 #include "framework/Handles.h"
@@ -94,9 +95,15 @@ TEST(Widths, ParameterBlocksAndThePartnerGoneValue)
     EXPECT_EQ(3 * p, offsetof(EXCHANGEDATA, dwRequestSize));
     EXPECT_EQ(p == 4 ? 28u : 56u, sizeof(EXCHANGEDATA));
 
-    // The same number in both builds, not -1 widened.
+    // The same numbers in both builds: not -1 widened, and a message line's
+    // level word reckoned in 32 bits.
     EXPECT_EQ(0xFFFFFFFFull, static_cast<unsigned long long>(TQM_ACK_PARTNER_GONE));
     EXPECT_EQ(p == 4, TQM_ACK_PARTNER_GONE == static_cast<LRESULT>(-1));
+    EXPECT_EQ(0xAAA9FFFFu, tqm::DisplayMessageWord(-1));
+    EXPECT_EQ(0x0AAA0000u, tqm::DisplayMessageWord(0x60000000));
+    int level = 0;
+    EXPECT_TRUE(tqm::ReadDisplayMessageWord(0xAAA9FFFF, &level));
+    EXPECT_EQ(-1, level);
 }
 
 // A started probe that is stopped when the test ends, however it ends.

@@ -66,9 +66,8 @@ TEST_F(CooperationCommands, FixedReplyAndRefusalsWithoutProjectManager)
         EXPECT_TRUE(Contains(r.err, "no project manager is running")) << r.err;
     }
     const std::vector<std::vector<std::string>> usage = {
-        {"notify"}, {"notify", "a", "b", "c"}, {"message"}, {"message", "--level", "x", "t"}, {"exchange", "S"},
-        {"exchange", "S", std::string(10241, 'r')}, {"pm", "--count", "0"}, {"pm", "--reply", "a", "--reply", "b"},
-        {"pm", "--bogus"}, {"molecule", "add"}, {"molecule", "paint", "x"}, {"molecule", "get", "xyz"}, {"exec"},
+        {"notify"}, {"message", "--level", "x", "t"}, {"exchange", "S", std::string(10241, 'r')},
+        {"pm", "--reply", "a", "--reply", "b"}, {"molecule", "get", "xyz"}, {"exec"},
     };
     for (const auto& args : usage)
         EXPECT_EQ(2, RunTqm(args).exitCode) << args[0] << " " << args.size();
