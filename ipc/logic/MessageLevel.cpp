@@ -35,7 +35,7 @@ DWORD tqm::DisplayMessageWord(int level) { return kMessageTag + static_cast<DWOR
 
 bool tqm::ReadDisplayMessageWord(ULONG_PTR word, int* level)
 {
-    if (static_cast<unsigned long long>(word) > 0xFFFFFFFFull)
+    if (word != static_cast<DWORD>(word))  // beyond 32 bits, in the 64-bit build
         return false;
     const int value = static_cast<int>(static_cast<DWORD>(word) - kMessageTag);
     if (value < -65536 || value > 65535)
