@@ -14,32 +14,38 @@ ExchangePartner::ExchangePartner()
 {
 }
 
-bool ExchangePartner::ReadRequest(ATOM sectionAtom, std::string& sectionName, std::string& request)
+bool ExchangePartner::ReadRequest(HWND requester, ATOM sectionAtom, std::string& sectionName, std::string& request)
 {
     char name[256] = "";
     GlobalGetAtomNameA(sectionAtom, name, sizeof(name));
     GlobalDeleteAtom(sectionAtom);
     sectionName = name;
     request.clear();
-    tqm::UniqueHandle section(OpenFileMappingA(FILE_MAP_READ, FALSE, name));
-    if (!section)
-        return false;
-    tqm::UniqueView view(MapViewOfFile(section.get(), FILE_MAP_READ, 0, 0, TQM_EXCHANGE_REQUEST_SIZE));
-    if (!view)
-        return false;
-    const char* bytes = static_cast<const char*>(view.get());
+    releaseGone();
+    Section& section = m_requesters[requester].request;
+    if (section.name != name || !section.view) {
+        section.view.reset();
+        section.handle.reset(OpenFileMappingA(FILE_MAP_READ, FALSE, name));
+        if (section.handle)
+            section.view.reset(MapViewOfFile(section.handle.get(), FILE_MAP_READ, 0, 0, TQM_EXCHANGE_REQUEST_SIZE));
+        if (!section.view) {
+            section = Section{};
+            return false;
+        }
+        section.name = name;
+    }
+    const char* bytes = static_cast<const char*>(section.view.get());
     request.assign(bytes, strnlen(bytes, TQM_EXCHANGE_REQUEST_SIZE));
     return true;
 }
 
 bool ExchangePartner::Reply(HWND requester, const void* reply, DWORD size, DWORD* pError)
 {
-    releaseGone();
-    ReplySection& section = m_replies[requester];
+    Section& section = m_requesters[requester].reply;
     if (section.capacity < size || !section.view) {
-        if (!makeSection(section, size)) {
+        if (!makeReplySection(section, size)) {
             *pError = GetLastError();
-            m_replies.erase(requester);
+            section = Section{};
             return false;
         }
     }
@@ -55,17 +61,17 @@ bool ExchangePartner::Reply(HWND requester, const void* reply, DWORD size, DWORD
 }
 
 // A new section under a new name: the requester may still hold the old one.
-bool ExchangePartner::makeSection(ReplySection& reply, DWORD size)
+bool ExchangePartner::makeReplySection(Section& reply, DWORD size)
 {
     char name[64];
     snprintf(name, sizeof(name), "Tqm.ExchangeReply.%lu.%lu", GetCurrentProcessId(), ++m_serial);
     // A section cannot be empty: an empty reply gets one byte nobody reads.
     const DWORD capacity = size ? size : 1;
     reply.view.reset();
-    reply.section.reset(CreateFileMappingA(INVALID_HANDLE_VALUE, nullptr, PAGE_READWRITE, 0, capacity, name));
-    if (!reply.section)
+    reply.handle.reset(CreateFileMappingA(INVALID_HANDLE_VALUE, nullptr, PAGE_READWRITE, 0, capacity, name));
+    if (!reply.handle)
         return false;
-    reply.view.reset(MapViewOfFile(reply.section.get(), FILE_MAP_WRITE, 0, 0, 0));
+    reply.view.reset(MapViewOfFile(reply.handle.get(), FILE_MAP_WRITE, 0, 0, 0));
     if (!reply.view)
         return false;
     reply.name = name;
@@ -76,14 +82,14 @@ bool ExchangePartner::makeSection(ReplySection& reply, DWORD size)
 // A requester whose window is gone reads nothing more.
 void ExchangePartner::releaseGone()
 {
-    for (auto it = m_replies.begin(); it != m_replies.end();)
-        it = IsWindow(it->first) ? std::next(it) : m_replies.erase(it);
+    for (auto it = m_requesters.begin(); it != m_requesters.end();)
+        it = IsWindow(it->first) ? std::next(it) : m_requesters.erase(it);
 }
 
 void ExchangePartner::WaitForReaders(DWORD maxMs)
 {
     const DWORD start = GetTickCount();
-    for (releaseGone(); !m_replies.empty() && GetTickCount() - start < maxMs; releaseGone())
+    for (releaseGone(); !m_requesters.empty() && GetTickCount() - start < maxMs; releaseGone())
         Sleep(10);
 }
 

@@ -1,6 +1,13 @@
 // ExchangePartner - the answering side of the data exchange (ExchangeData,
 // ipc/DataExchange.h), for programs that stand in for a partner: tqm pm and
 // the benchmark's partner process.
+//
+// It keeps, for each requester, the sections of its last exchange open: the
+// request section, so that the requester's next exchange under the same name
+// finds it instead of making a new one (making a section is what costs most),
+// and the reply section, used again for the next reply that fits (by then the
+// requester has read the last one: its exchange waited until it had). Both go
+// when the requester's window is gone.
 #pragma once
 
 #include "framework/Handles.h"
@@ -21,16 +28,13 @@ public:
     UINT RequestMessage() const { return m_requestMessage; }
     UINT ReplyMessage() const { return m_replyMessage; }
 
-    // The request a "Tarn52:DataExchange" message announces, from the section
-    // named by its atom (deleted here): the bytes up to the first zero byte.
-    // False when the section cannot be opened or mapped.
-    static bool ReadRequest(ATOM sectionAtom, std::string& sectionName, std::string& request);
+    // The request of a "Tarn52:DataExchange" message from requester, from the
+    // section named by its atom (deleted here): the bytes up to the first
+    // zero byte. False when the section cannot be opened or mapped.
+    bool ReadRequest(HWND requester, ATOM sectionAtom, std::string& sectionName, std::string& request);
 
-    // Answers the requester's window with size bytes: writes them into a
-    // section of our own and posts "Tarn52:DataReady". Each requester has its
-    // section, kept open and used again for its next reply when that fits
-    // (by then it has read the last one: its exchange waited until it had);
-    // it goes when the requester's window is gone. False, with the system's
+    // Answers the requester's window with size bytes: writes them into its
+    // reply section and posts "Tarn52:DataReady". False, with the system's
     // error code, when the section cannot be made or the post fails.
     bool Reply(HWND requester, const void* reply, DWORD size, DWORD* pError);
 
@@ -40,21 +44,26 @@ public:
     void WaitForReaders(DWORD maxMs);
 
 private:
-    void releaseGone();
-
-    struct ReplySection
+    struct Section
     {
         std::string name;
         DWORD capacity = 0;
-        tqm::UniqueHandle section;
+        tqm::UniqueHandle handle;
         tqm::UniqueView view;
     };
-    bool makeSection(ReplySection& reply, DWORD size);
+    struct Requester
+    {
+        Section request;
+        Section reply;
+    };
+
+    void releaseGone();
+    bool makeReplySection(Section& reply, DWORD size);
 
     UINT m_requestMessage;
     UINT m_replyMessage;
     unsigned long m_serial = 0;
-    std::map<HWND, ReplySection> m_replies;  // the reply section of each requester
+    std::map<HWND, Requester> m_requesters;
 };
 
 }  // namespace tqmtool

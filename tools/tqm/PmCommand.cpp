@@ -120,7 +120,7 @@ private:
     void answerExchange(HWND requester, ATOM section)
     {
         std::string sectionName, request;
-        if (!ExchangePartner::ReadRequest(section, sectionName, request)) {
+        if (!m_exchange.ReadRequest(requester, section, sectionName, request)) {
             PrintStampedLine("exchange  %s | cannot read the request section (error %lu); no reply",
                              sectionName.c_str(), GetLastError());
             return;
