@@ -1,0 +1,42 @@
+// What the docking manager and client have in common: the registered
+// message, the work area, and the handling of a docked window's moving,
+// sizing and hit tests.
+#pragma once
+
+#include <windows.h>
+
+#include "ipc/logic/DockLayout.h"
+
+namespace tqm {
+
+// "Tarn52.DesktopDocking", registered on first use; 0 when it cannot be.
+UINT RegisterDockingMessage();
+// The project manager's main window, or NULL.
+HWND FindProjectManager();
+// The desktop work area.
+RECT DesktopWorkArea();
+// The window's rectangle; empty when it is not a window.
+RECT WindowRect(HWND hWnd);
+bool IsMinimizedOrMaximized(HWND hWnd);
+// Moves (and sizes) the window to box, repainting.
+void MoveWindowTo(HWND hWnd, const WindowBox& box);
+
+// Handlers for a window docked at nDockPos on side; the callers have checked
+// that it is docked, and neither minimised nor maximised.
+// During the user's own move or size of the window: a move is refused (the
+// window stays in its place) and a size keeps to the shared edge.
+void HoldToSharedEdge(HWND hWnd, int nDockPos, DockSide side, WINDOWPOS* pPos);
+// The drag rectangle of a move stays where the window is.
+void HoldDragRect(HWND hWnd, RECT* pRect);
+// The hit code filtered for the docked window.
+LRESULT DockedHitTest(HWND hWnd, int nDockPos, DockSide side, POINT pt, LRESULT nHit);
+// The system menu's Size sizes the shared edge only, and Move is refused;
+// TRUE when the command was handled here.
+BOOL DockedSysCommand(HWND hWnd, int nDockPos, DockSide side, UINT nID, LPARAM lParam);
+
+// The window handle a docking message carries in its 32-bit lParam. Window
+// handles fit in 32 bits on 64-bit Windows too, sign-extended.
+inline HWND WindowFromDockingParam(LONG lParam) { return reinterpret_cast<HWND>(static_cast<LONG_PTR>(lParam)); }
+inline LPARAM DockingParamFromWindow(HWND hWnd) { return reinterpret_cast<LPARAM>(hWnd); }
+
+}  // namespace tqm
