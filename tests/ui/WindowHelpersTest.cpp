@@ -1,0 +1,131 @@
+// Window helpers on real windows: class names, descendants, the Z order at a
+// point, centring.
+#include "ui/WindowHelpers.h"
+
+#include "paths/InstallDirs.h"
+#include "support/BoxRecorder.h"
+#include "support/DockingFixture.h"
+#include "support/SuiteSettingsGuard.h"
+
+#include <gtest/gtest.h>
+
+#include <map>
+#include <memory>
+#include <string>
+
+namespace {
+
+using namespace tqmtest;
+
+const DWORD kPopup = WS_POPUP | WS_VISIBLE;
+const DWORD kChild = WS_CHILD | WS_VISIBLE;
+
+TEST(WindowHelpers, ClassNamesCompareByTheirFirst19CharactersWithoutCase)
+{
+    TestWindow window("TqmHelperClassWithALongName", RECT{0, 0, 50, 50});
+    EXPECT_TRUE(IsWindowOfClass(window.get(), "TqmHelperClassWithA"));
+    EXPECT_TRUE(IsWindowOfClass(window.get(), "tqmhelperclasswitha"));
+    EXPECT_FALSE(IsWindowOfClass(window.get(), "TqmHelperClassWithALongName")) << "the full name is never seen";
+    EXPECT_FALSE(IsWindowOfClass(window.get(), "TqmHelperClassWith"));
+    EXPECT_FALSE(IsWindowOfClass(window.get(), nullptr));
+    HWND gone = window.get();
+    window.destroy();
+    EXPECT_FALSE(IsWindowOfClass(gone, "TqmHelperClassWithA"));
+}
+
+TEST(WindowHelpers, DescendantsAreFoundAtEveryDepth)
+{
+    std::map<HWND, int> paints;
+    MessageHandler countPaints = [&paints](HWND hWnd, UINT message, WPARAM, LPARAM, LRESULT*) {
+        if (message == WM_PAINT)
+            ++paints[hWnd];
+        return false;
+    };
+    TestWindow parent("TqmHelperParent", RECT{0, 0, 300, 300}, kPopup);
+    TestWindow child("TqmHelperChild", RECT{0, 0, 100, 100}, kChild, countPaints, parent.get());
+    TestWindow other("TqmHelperOther", RECT{100, 0, 200, 100}, kChild, countPaints, parent.get());
+    TestWindow grandchild("TqmHelperChild", RECT{0, 0, 50, 50}, kChild, countPaints, other.get());
+    PumpMessages();
+    paints.clear();
+
+    for (HWND hWnd : {child.get(), other.get(), grandchild.get()})
+        InvalidateRect(hWnd, nullptr, TRUE);
+    EXPECT_TRUE(UpdateChildWindows(parent.get(), "TQMHELPERCHILD"));
+    EXPECT_EQ(1, paints[child.get()]);
+    EXPECT_EQ(1, paints[grandchild.get()]);
+    EXPECT_EQ(0, paints[other.get()]);
+    {
+        BoxRecorder boxes;
+        EXPECT_FALSE(UpdateChildWindows(parent.get(), nullptr));
+        EXPECT_EQ(1u, boxes.count()) << "a class name is required";
+    }
+
+    EXPECT_EQ(parent.get(), GetWindowGrandParent(grandchild.get()));
+    EXPECT_EQ(parent.get(), GetWindowGrandParent(parent.get()));
+
+    EXPECT_TRUE(DestroyWindowsOfClass(parent.get(), "TqmHelperChild"));
+    EXPECT_FALSE(IsWindow(child.get()));
+    EXPECT_FALSE(IsWindow(grandchild.get()));
+    EXPECT_TRUE(IsWindow(other.get()));
+    DestroyWindowsOfClass(parent.get(), nullptr);
+    EXPECT_FALSE(IsWindow(other.get()));
+    EXPECT_TRUE(IsWindow(parent.get()));
+}
+
+TEST(WindowHelpers, TheClassStackAtAPointIsSearchedDownTheZOrder)
+{
+    TestWindow below("TqmHelperBelow", RECT{100, 100, 400, 400}, kPopup);
+    TestWindow above("TqmHelperAbove", RECT{200, 200, 500, 500}, kPopup);
+    SetWindowPos(above.get(), HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
+    EXPECT_EQ(above.get(), IsClassNameStackAtPt(POINT{250, 250}, "TqmHelperAbove"));
+    EXPECT_EQ(below.get(), IsClassNameStackAtPt(POINT{250, 250}, "tqmhelperbelow"));
+    EXPECT_EQ(nullptr, IsClassNameStackAtPt(POINT{450, 450}, "TqmHelperBelow")) << "below, but not under the point";
+    EXPECT_EQ(nullptr, IsClassNameStackAtPt(POINT{250, 250}, "TqmHelperNone"));
+}
+
+TEST(WindowHelpers, CenteringKeepsToThePrimaryScreenWhereItFits)
+{
+    const int sw = GetSystemMetrics(SM_CXSCREEN), sh = GetSystemMetrics(SM_CYSCREEN);
+    TestWindow window("TqmHelperCentred", RECT{0, 0, 201, 101}, kPopup);
+    EXPECT_TRUE(CenterWnd(window.get(), GetDesktopWindow()));
+    EXPECT_RECT(sw / 2 - 100, sh / 2 - 50, sw / 2 - 100 + 201, sh / 2 - 50 + 101, window.rect());
+
+    // On a window at the screen's right edge: held back inside the screen.
+    TestWindow ref("TqmHelperRef", RECT{sw - 100, sh - 100, sw, sh}, kPopup);
+    EXPECT_TRUE(CenterWnd(window.get(), ref.get()));
+    EXPECT_RECT(sw - 201, sh - 101, sw, sh, window.rect());
+
+    // Wider than the screen: from a first x that is not negative, x ends
+    // negative (screen width - w); from a negative one, at 0.
+    TestWindow wide("TqmHelperWide", RECT{0, 0, sw + 300, 100}, kPopup);
+    EXPECT_TRUE(CenterWnd(wide.get(), ref.get()));
+    EXPECT_EQ(-300, wide.rect().left);
+    EXPECT_TRUE(CenterWnd(wide.get(), GetDesktopWindow()));
+    EXPECT_EQ(0, wide.rect().left);
+}
+
+TEST(WindowHelpers, TopMostIsTheExtendedStyleBit)
+{
+    TestWindow plain("TqmHelperPlain", RECT{0, 0, 50, 50});
+    TestWindow topmost("TqmHelperTopMost", RECT{0, 0, 50, 50}, kPopup, MessageHandler(), nullptr, WS_EX_TOPMOST);
+    EXPECT_EQ(0, IsTopMost(plain.get()));
+    EXPECT_EQ(1, IsTopMost(topmost.get()));
+}
+
+TEST(WindowHelpers, CenterWindowFollowsTheDockingSetting)
+{
+    SuiteSettingsGuard guard;
+    const std::string options = TQMGetVMXOptionsFilePath().GetString();
+    CreateDirectoryA(options.substr(0, options.rfind('\\')).c_str(), nullptr);
+    TestWindow window("TqmHelperCentred", RECT{10, 20, 210, 120}, kPopup);
+
+    ASSERT_TRUE(WritePrivateProfileStringA("VMX", "DesktopDockPos", "1", options.c_str()));
+    TQMCenterWindow(window.get());
+    EXPECT_RECT(10, 20, 210, 120, window.rect()) << "docking off: left where it is";
+
+    ASSERT_TRUE(WritePrivateProfileStringA("VMX", "DesktopDockPos", "3", options.c_str()));
+    TQMCenterWindow(window.get());
+    EXPECT_EQ(GetSystemMetrics(SM_CXSCREEN) / 2 - 100, window.rect().left);
+}
+
+}  // namespace
