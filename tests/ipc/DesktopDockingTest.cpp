@@ -4,7 +4,6 @@
 #include "support/DockingFixture.h"
 
 #include "framework/WinApp.h"
-#include "paths/InstallDirs.h"
 #include "support/SuiteSettingsGuard.h"
 #include "support/TempDir.h"
 
@@ -270,8 +269,6 @@ namespace {
 TEST(DesktopDockingSettings, ComeFromTheUsersOptionsFile)
 {
     tqmtest::SuiteSettingsGuard guard;
-    const std::string options = TQMGetVMXOptionsFilePath().GetString();
-    CreateDirectoryA(options.substr(0, options.rfind('\\')).c_str(), nullptr);
     struct Case
     {
         const char* pos;  // NULL: not in the file
@@ -286,8 +283,8 @@ TEST(DesktopDockingSettings, ComeFromTheUsersOptionsFile)
         {"9", nullptr, 9, TRUE},
     };
     for (const Case& c : cases) {
-        WritePrivateProfileStringA("VMX", "DesktopDockPos", c.pos, options.c_str());
-        WritePrivateProfileStringA("VMX", "DockDialogBoxes", c.dialogs, options.c_str());
+        tqmtest::WriteUserOption("DesktopDockPos", c.pos);
+        tqmtest::WriteUserOption("DockDialogBoxes", c.dialogs);
         int nPos = -7;
         BOOL bDialogs = -7;
         DesktopDocking_GetSettings(&nPos, &bDialogs);

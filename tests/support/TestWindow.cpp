@@ -92,6 +92,12 @@ bool DriveMoveSizeLoop(HWND hWnd, WPARAM command, const std::vector<WPARAM>& key
             Sleep(10);
         return true;
     });
+    // The keys move the cursor from where it is; from the middle of the
+    // window it has room in every direction.
+    RECT rect = {};
+    GetWindowRect(hWnd, &rect);
+    SetCursorPos((rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2);
+    PumpMessages();
     SendMessageA(hWnd, WM_SYSCOMMAND, command, 0);
     while (typist.wait_for(std::chrono::milliseconds(0)) != std::future_status::ready) {
         MsgWaitForMultipleObjects(0, nullptr, FALSE, 10, QS_ALLINPUT);

@@ -2,7 +2,6 @@
 // point, centring.
 #include "ui/WindowHelpers.h"
 
-#include "paths/InstallDirs.h"
 #include "support/BoxRecorder.h"
 #include "support/DockingFixture.h"
 #include "support/SuiteSettingsGuard.h"
@@ -115,15 +114,13 @@ TEST(WindowHelpers, TopMostIsTheExtendedStyleBit)
 TEST(WindowHelpers, CenterWindowFollowsTheDockingSetting)
 {
     SuiteSettingsGuard guard;
-    const std::string options = TQMGetVMXOptionsFilePath().GetString();
-    CreateDirectoryA(options.substr(0, options.rfind('\\')).c_str(), nullptr);
     TestWindow window("TqmHelperCentred", RECT{10, 20, 210, 120}, kPopup);
 
-    ASSERT_TRUE(WritePrivateProfileStringA("VMX", "DesktopDockPos", "1", options.c_str()));
+    ASSERT_TRUE(WriteUserOption("DesktopDockPos", "1"));
     TQMCenterWindow(window.get());
     EXPECT_RECT(10, 20, 210, 120, window.rect()) << "docking off: left where it is";
 
-    ASSERT_TRUE(WritePrivateProfileStringA("VMX", "DesktopDockPos", "3", options.c_str()));
+    ASSERT_TRUE(WriteUserOption("DesktopDockPos", "3"));
     TQMCenterWindow(window.get());
     EXPECT_EQ(GetSystemMetrics(SM_CXSCREEN) / 2 - 100, window.rect().left);
 }
