@@ -22,7 +22,7 @@ std::string harmlessTarget()
     char path[MAX_PATH] = "";
     GetModuleFileNameA(nullptr, path, MAX_PATH);
     std::string target(path);
-    return target.substr(0, target.rfind('\\')) + "\\fixtures\\Vmx52.exe";
+    return target.substr(0, target.rfind('\\')) + "\\fixtures\\Quiet.exe";
 }
 
 class StaticLink : public testing::Test

@@ -1,7 +1,7 @@
 // The windows step of "tqm demo": a window's placement saved and restored,
 // with an off-screen rectangle pulled back, and a client window docked
-// beside a stand-in project manager, drawn into a picture beside the demo
-// files.
+// beside a stand-in project manager; where a display shows them, a picture
+// of the docked pair is saved beside the demo files.
 #include "tools/tqm/Demo.h"
 
 #include "framework/Handles.h"
@@ -14,7 +14,6 @@
 #include <stdio.h>
 
 #include <string>
-#include <vector>
 
 namespace tqmtool {
 namespace {
@@ -76,9 +75,10 @@ void showPlacement()
     DestroyWindow(hWnd);
 }
 
-// Writes the screen rectangle area of the windows (each drawn by itself) as
-// a 24-bit bitmap file. False when nothing could be drawn.
-bool savePicture(const std::string& path, const RECT& area, const std::vector<HWND>& windows)
+// Saves what the screen shows in area as a 24-bit bitmap file. False when
+// there is nothing to see: no display (Wine's null driver, a service's
+// desktop), where every pixel reads the same.
+bool saveScreenPicture(const std::string& path, const RECT& area)
 {
     const int cx = area.right - area.left, cy = area.bottom - area.top;
     BITMAPINFO info = {};
@@ -89,26 +89,28 @@ bool savePicture(const std::string& path, const RECT& area, const std::vector<HW
     info.bmiHeader.biBitCount = 24;
     void* pBits = nullptr;
     tqm::UniqueGdiObject bitmap(CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &pBits, nullptr, 0));
-    HDC hdc = CreateCompatibleDC(nullptr);
-    if (!bitmap || !hdc)
-        return false;
-    HGDIOBJ old = SelectObject(hdc, bitmap.get());
-    RECT all = {0, 0, cx, cy};
-    FillRect(hdc, &all, static_cast<HBRUSH>(GetStockObject(DKGRAY_BRUSH)));
-    bool bDrawn = true;
-    for (HWND hWnd : windows) {
-        RECT r = {};
-        GetWindowRect(hWnd, &r);
-        SetViewportOrgEx(hdc, r.left - area.left, r.top - area.top, nullptr);
-        bDrawn = PrintWindow(hWnd, hdc, 0) && bDrawn;
+    HDC hScreen = GetDC(nullptr);
+    HDC hdc = CreateCompatibleDC(hScreen);
+    bool bCopied = false;
+    if (bitmap && hdc) {
+        HGDIOBJ old = SelectObject(hdc, bitmap.get());
+        bCopied = BitBlt(hdc, 0, 0, cx, cy, hScreen, area.left, area.top, SRCCOPY) != FALSE;
+        SelectObject(hdc, old);
     }
-    SelectObject(hdc, old);
-    DeleteDC(hdc);
-    if (!bDrawn)
-        return false;
-
+    if (hdc)
+        DeleteDC(hdc);
+    ReleaseDC(nullptr, hScreen);
     const DWORD dwStride = (static_cast<DWORD>(cx) * 3 + 3) & ~3u;
     const DWORD dwImage = dwStride * static_cast<DWORD>(cy);
+    if (!bCopied)
+        return false;
+    const auto* bytes = static_cast<const BYTE*>(pBits);
+    bool bUniform = true;
+    for (DWORD i = 3; i < dwImage && bUniform; i += 3)
+        bUniform = bytes[i] == bytes[0] && bytes[i + 1] == bytes[1] && bytes[i + 2] == bytes[2];
+    if (bUniform)
+        return false;
+
     BITMAPFILEHEADER file = {};
     file.bfType = 0x4D42;  // "BM"
     file.bfOffBits = sizeof(file) + sizeof(info.bmiHeader);
@@ -147,11 +149,13 @@ void showDocking(const std::string& demoDir)
 
     RECT area = {};
     SystemParametersInfoA(SPI_GETWORKAREA, 0, &area, 0);
+    UpdateWindow(hManager);
+    UpdateWindow(hClient);
     const std::string picture = demoDir + "\\docked-pair.bmp";
-    if (savePicture(picture, area, {hManager, hClient}))
+    if (saveScreenPicture(picture, area))
         printf("Picture of the docked pair: %s\n", picture.c_str());
     else
-        printf("No picture of the docked pair: the windows could not be drawn here.\n");
+        printf("No display here (windows are not drawn anywhere), so no picture of the docked pair.\n");
 
     client.Unsubscribe();
     manager.Close();
