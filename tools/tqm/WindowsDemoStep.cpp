@@ -29,6 +29,19 @@ LRESULT CALLBACK dockedProc(HWND hWnd, UINT message, WPARAM wParam, LPARAM lPara
     LRESULT result = 0;
     if (pDocking && pDocking->HandleWindowMessage(message, wParam, lParam, &result))
         return result;
+    if (message == WM_PAINT) {
+        // The title in the middle, so that the picture says which is which
+        // even where no window frames are drawn.
+        PAINTSTRUCT paint;
+        HDC hdc = BeginPaint(hWnd, &paint);
+        char title[64] = "";
+        GetWindowTextA(hWnd, title, sizeof(title));
+        RECT client;
+        GetClientRect(hWnd, &client);
+        DrawTextA(hdc, title, -1, &client, DT_CENTER | DT_VCENTER | DT_SINGLELINE);
+        EndPaint(hWnd, &paint);
+        return 0;
+    }
     return DefWindowProcA(hWnd, message, wParam, lParam);
 }
 
