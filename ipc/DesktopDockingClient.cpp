@@ -129,26 +129,7 @@ BOOL CDesktopDockingClient::HandleWindowMessage(UINT message, WPARAM wParam, LPA
         *pResult = OnMsgFromManager(static_cast<UINT>(wParam), static_cast<LONG>(lParam));
         return TRUE;
     }
-    switch (message) {
-    case WM_WINDOWPOSCHANGING:
-        OnWindowPosChanging(reinterpret_cast<WINDOWPOS*>(lParam));
-        return FALSE;
-    case WM_WINDOWPOSCHANGED:
-        OnWindowPosChanged(reinterpret_cast<WINDOWPOS*>(lParam));
-        return FALSE;
-    case WM_MOVING:
-        OnMoving(static_cast<UINT>(wParam), reinterpret_cast<RECT*>(lParam));
-        *pResult = TRUE;
-        return TRUE;
-    case WM_NCHITTEST:
-        *pResult = OnNcHitTest(CPoint(lParam), static_cast<LONG>(::DefWindowProcA(m_hMainWnd, message, wParam, lParam)));
-        return TRUE;
-    case WM_SYSCOMMAND:
-        *pResult = 0;
-        return OnSysCommand(static_cast<UINT>(wParam), static_cast<LONG>(lParam));
-    default:
-        return FALSE;
-    }
+    return tqm::RouteWindowMessage(*this, m_hMainWnd, message, wParam, lParam, pResult);
 }
 
 void CDesktopDockingClient::resizeClientToManager()

@@ -201,32 +201,11 @@ BOOL CDesktopDockingManager::HandleWindowMessage(UINT message, WPARAM wParam, LP
         *pResult = OnMsgFromClient(static_cast<UINT>(wParam), static_cast<LONG>(lParam));
         return TRUE;
     }
-    switch (message) {
-    case WM_SETTINGCHANGE:
+    if (message == WM_SETTINGCHANGE)
         OnSettingChange(static_cast<UINT>(wParam), reinterpret_cast<LPCSTR>(lParam));
-        return FALSE;
-    case WM_WINDOWPOSCHANGING:
-        OnWindowPosChanging(reinterpret_cast<WINDOWPOS*>(lParam));
-        return FALSE;
-    case WM_WINDOWPOSCHANGED:
-        OnWindowPosChanged(reinterpret_cast<WINDOWPOS*>(lParam));
-        return FALSE;
-    case WM_MOVING:
-        OnMoving(static_cast<UINT>(wParam), reinterpret_cast<RECT*>(lParam));
-        *pResult = TRUE;
-        return TRUE;
-    case WM_NCHITTEST:
-        *pResult = OnNcHitTest(CPoint(lParam), static_cast<LONG>(::DefWindowProcA(m_hMainWnd, message, wParam, lParam)));
-        return TRUE;
-    case WM_SYSCOMMAND:
-        *pResult = 0;
-        return OnSysCommand(static_cast<UINT>(wParam), static_cast<LONG>(lParam));
-    case WM_SETFOCUS:
+    else if (message == WM_SETFOCUS)
         OnSetFocus();
-        return FALSE;
-    default:
-        return FALSE;
-    }
+    return tqm::RouteWindowMessage(*this, m_hMainWnd, message, wParam, lParam, pResult);
 }
 
 int CDesktopDockingManager::findClientWndIndex(HWND hWnd)

@@ -5,6 +5,7 @@
 
 #include <windows.h>
 
+#include "framework/Gdi.h"
 #include "ipc/logic/DockLayout.h"
 
 namespace tqm {
@@ -33,6 +34,39 @@ LRESULT DockedHitTest(HWND hWnd, int nDockPos, DockSide side, POINT pt, LRESULT 
 // The system menu's Size sizes the shared edge only, and Move is refused;
 // TRUE when the command was handled here.
 BOOL DockedSysCommand(HWND hWnd, int nDockPos, DockSide side, UINT nID, LPARAM lParam);
+
+// Passes the main window's messages that both sides handle alike to the
+// docking object's handlers; see HandleWindowMessage. Before the object has
+// its window (hWnd NULL) the program handles everything itself.
+template <typename Docking>
+BOOL RouteWindowMessage(Docking& docking, HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult)
+{
+    if (!hWnd)
+        return FALSE;
+    switch (message) {
+    case WM_WINDOWPOSCHANGING:
+        docking.OnWindowPosChanging(reinterpret_cast<WINDOWPOS*>(lParam));
+        return FALSE;
+    case WM_WINDOWPOSCHANGED:
+        docking.OnWindowPosChanged(reinterpret_cast<WINDOWPOS*>(lParam));
+        return FALSE;
+    case WM_MOVING:
+        docking.OnMoving(static_cast<UINT>(wParam), reinterpret_cast<RECT*>(lParam));
+        *pResult = TRUE;
+        return TRUE;
+    case WM_NCHITTEST: {
+        // The default hit code is the system's for the main window's frame.
+        const LRESULT nHit = ::DefWindowProcA(hWnd, message, wParam, lParam);
+        *pResult = docking.OnNcHitTest(CPoint(lParam), static_cast<LONG>(nHit));
+        return TRUE;
+    }
+    case WM_SYSCOMMAND:
+        *pResult = 0;
+        return docking.OnSysCommand(static_cast<UINT>(wParam), static_cast<LONG>(lParam));
+    default:
+        return FALSE;
+    }
+}
 
 // The window handle a docking message carries in its 32-bit lParam. Window
 // handles fit in 32 bits on 64-bit Windows too, sign-extended.

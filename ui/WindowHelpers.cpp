@@ -13,7 +13,7 @@ const int kClassNameBuffer = 20;
 struct ClassWalk
 {
     const char* className;  // NULL: every window
-    BOOL (*act)(HWND);
+    BOOL(WINAPI* act)(HWND);
 };
 
 BOOL CALLBACK actOnMatchingChild(HWND hWnd, LPARAM lParam)
@@ -24,7 +24,7 @@ BOOL CALLBACK actOnMatchingChild(HWND hWnd, LPARAM lParam)
     return TRUE;  // every descendant, never stopping early
 }
 
-BOOL enumChildrenOfClass(HWND hParent, const char* className, BOOL (*act)(HWND))
+BOOL enumChildrenOfClass(HWND hParent, const char* className, BOOL(WINAPI* act)(HWND))
 {
     ClassWalk walk{className, act};
     return ::EnumChildWindows(hParent, actOnMatchingChild, reinterpret_cast<LPARAM>(&walk));

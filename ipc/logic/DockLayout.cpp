@@ -57,6 +57,19 @@ WindowBox wholeWorkArea(const RECT& W, int nWidthAdjust, int nHeightAdjust)
     return WindowBox{W.left, W.top, W.right - W.left + nWidthAdjust, W.bottom - W.top + nHeightAdjust};
 }
 
+// Narrows box, which starts over the work area, to the side of the manager's
+// rectangle M that faces the clients.
+bool besideManager(int nDockPos, const RECT& W, const RECT& M, WindowBox& box)
+{
+    switch (nDockPos) {
+    case kDockLeft: box.x = M.right; box.cx = W.right - M.right; return true;
+    case kDockRight: box.cx = M.left - W.left; return true;
+    case kDockTop: box.y = M.bottom; box.cy = W.bottom - M.bottom - 1; return true;
+    case kDockBottom: box.cy = M.top - W.top; return true;
+    default: return false;
+    }
+}
+
 // value held within low..high; when the window leaves no room, fallback.
 LONG clampOr(LONG value, LONG low, LONG high, LONG fallback)
 {
@@ -109,25 +122,13 @@ bool ClientBesideManagerBox(int nDockPos, const RECT& W, const RECT& M, WindowBo
 {
     // The negative starting width is deliberate (see the header).
     box = WindowBox{W.left, W.top, W.left - W.right + 1, W.bottom - W.top - 1};
-    switch (nDockPos) {
-    case kDockLeft: box.x = M.right; box.cx = W.right - M.right; return true;
-    case kDockRight: box.cx = M.left - W.left; return true;
-    case kDockTop: box.y = M.bottom; box.cy = W.bottom - M.bottom - 1; return true;
-    case kDockBottom: box.cy = M.top - W.top; return true;
-    default: return false;
-    }
+    return besideManager(nDockPos, W, M, box);
 }
 
 bool FreeAreaBox(int nDockPos, const RECT& W, const RECT& M, WindowBox& box)
 {
     box = wholeWorkArea(W, 0, -1);
-    switch (nDockPos) {
-    case kDockLeft: box.x = M.right; box.cx = W.right - M.right; return true;
-    case kDockRight: box.cx = M.left - W.left; return true;
-    case kDockTop: box.y = M.bottom; box.cy = W.bottom - M.bottom - 1; return true;
-    case kDockBottom: box.cy = M.top - W.top; return true;
-    default: return false;
-    }
+    return besideManager(nDockPos, W, M, box);
 }
 
 bool InSizeGrip(const RECT& window, POINT pt, int cx, int cy)

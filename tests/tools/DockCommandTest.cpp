@@ -57,8 +57,6 @@ TEST(TqmDock, WithoutManagerOrWithBadArgumentsItSaysSo)
     };
     const Case cases[] = {
         {{"dock", "client"}, 1, "no project manager is running"},
-        {{"dock", "query"}, 1, "no project manager is running"},
-        {{"dock"}, 2, "say client or query"},
         {{"dock", "server"}, 2, "unknown subcommand"},
         {{"dock", "client", "--seconds", "x"}, 2, "--seconds needs"},
     };
