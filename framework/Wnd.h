@@ -67,15 +67,11 @@ public:
 
     // Attributes
     HWND GetSafeHwnd() const { return m_hWnd; }
-    operator HWND() const { return GetSafeHwnd(); }
     DWORD GetStyle() const { return static_cast<DWORD>(::GetWindowLongPtrA(m_hWnd, GWL_STYLE)); }
-    DWORD GetExStyle() const { return static_cast<DWORD>(::GetWindowLongPtrA(m_hWnd, GWL_EXSTYLE)); }
     void GetWindowRect(LPRECT pRect) const { ::GetWindowRect(m_hWnd, pRect); }
-    void GetClientRect(LPRECT pRect) const { ::GetClientRect(m_hWnd, pRect); }
     BOOL GetWindowPlacement(WINDOWPLACEMENT* pPlacement) const;
     BOOL IsIconic() const { return ::IsIconic(m_hWnd); }
     BOOL IsZoomed() const { return ::IsZoomed(m_hWnd); }
-    BOOL IsWindowVisible() const { return ::IsWindowVisible(m_hWnd); }
     void GetWindowText(CString& text) const;
     void SetWindowText(const char* pszText) { ::SetWindowTextA(m_hWnd, pszText); }
 

@@ -8,20 +8,6 @@ using tqm::DockSide;
 
 UINT CDesktopDockingClient::m_DesktopDockingMsg = 0;
 
-namespace {
-
-const char kPlacementKey[] = "MainWindow";
-
-enum ManagerCode
-{
-    kSubscribe = 1,
-    kUnsubscribe = 2,
-    kMoved = 3,
-    kPositionChanged = 4
-};
-
-}  // namespace
-
 CDesktopDockingClient::CDesktopDockingClient()
     : m_pMainWnd(nullptr), m_hMainWnd(nullptr), m_hManagerWnd(nullptr), m_nDockPos(tqm::kDockNone), m_bMinMax(FALSE)
 {
@@ -37,25 +23,26 @@ BOOL CDesktopDockingClient::Subscribe(CWnd* pMainWnd)
 
     m_hManagerWnd = tqm::FindProjectManager();
     if (!m_hManagerWnd) {
-        RestoreWindowPlacement(m_pMainWnd, kPlacementKey);
+        RestoreWindowPlacement(m_pMainWnd, tqm::kMainWindowPlacement);
         return FALSE;
     }
-    m_nDockPos = static_cast<UINT>(::SendMessageA(m_hManagerWnd, m_DesktopDockingMsg, kSubscribe,
+    m_nDockPos = static_cast<UINT>(::SendMessageA(m_hManagerWnd, m_DesktopDockingMsg, tqm::kDockSubscribe,
                                                   tqm::DockingParamFromWindow(m_hMainWnd)));
     if (m_nDockPos != 0 && m_nDockPos != tqm::kDockNone && !tqm::IsMinimizedOrMaximized(m_hManagerWnd)) {
         resizeClientToManager();
         return TRUE;
     }
-    RestoreWindowPlacement(m_pMainWnd, kPlacementKey);
+    RestoreWindowPlacement(m_pMainWnd, tqm::kMainWindowPlacement);
     return TRUE;
 }
 
 void CDesktopDockingClient::Unsubscribe()
 {
     if (m_hManagerWnd && ::IsWindow(m_hManagerWnd))
-        ::SendMessageA(m_hManagerWnd, m_DesktopDockingMsg, kUnsubscribe, tqm::DockingParamFromWindow(m_hMainWnd));
+        ::SendMessageA(m_hManagerWnd, m_DesktopDockingMsg, tqm::kDockUnsubscribe,
+                       tqm::DockingParamFromWindow(m_hMainWnd));
     if (::IsWindow(m_hMainWnd))
-        SaveWindowPlacement(m_pMainWnd, kPlacementKey);
+        SaveWindowPlacement(m_pMainWnd, tqm::kMainWindowPlacement);
     m_pMainWnd = nullptr;
     m_hMainWnd = nullptr;
     m_hManagerWnd = nullptr;
@@ -63,7 +50,7 @@ void CDesktopDockingClient::Unsubscribe()
 
 LONG CDesktopDockingClient::OnMsgFromManager(UINT wParam, LONG lParam)
 {
-    if (wParam != kPositionChanged)
+    if (wParam != tqm::kDockPositionChanged)
         return 0;
     if (!::IsWindow(m_hManagerWnd))
         return 1;
@@ -93,7 +80,7 @@ void CDesktopDockingClient::OnWindowPosChanged(WINDOWPOS* pPos)
         resizeClientToManager();
         return;
     }
-    ::SendMessageA(m_hManagerWnd, m_DesktopDockingMsg, kMoved, tqm::DockingParamFromWindow(m_hMainWnd));
+    ::SendMessageA(m_hManagerWnd, m_DesktopDockingMsg, tqm::kDockClientMoved, tqm::DockingParamFromWindow(m_hMainWnd));
     resizeClientToManager();
 }
 

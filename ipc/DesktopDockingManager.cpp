@@ -10,17 +10,6 @@ UINT CDesktopDockingManager::m_DesktopDockingMsg = 0;
 
 namespace {
 
-const char kPlacementKey[] = "MainWindow";
-
-enum ClientCode
-{
-    kSubscribe = 1,
-    kUnsubscribe = 2,
-    kClientMoved = 3,
-    kPositionChanged = 4,
-    kQueryPosition = 5
-};
-
 // True when a contains b with room on all four sides.
 bool containsStrictly(const RECT& a, const RECT& b)
 {
@@ -50,7 +39,7 @@ BOOL CDesktopDockingManager::Initialize(CWnd* pMainWnd, int nDockPos)
 void CDesktopDockingManager::Close()
 {
     if (::IsWindow(m_hMainWnd))
-        SaveWindowPlacement(m_pMainWnd, kPlacementKey);
+        SaveWindowPlacement(m_pMainWnd, tqm::kMainWindowPlacement);
 }
 
 void CDesktopDockingManager::SetDockPos(int nDockPos)
@@ -60,12 +49,12 @@ void CDesktopDockingManager::SetDockPos(int nDockPos)
     for (int i = 0; i < m_arrClientWnds.GetSize(); ++i) {
         HWND hClient = m_arrClientWnds[i];
         if (::IsWindow(hClient))
-            ::SendMessageA(hClient, m_DesktopDockingMsg, kPositionChanged, nDockPos);
+            ::SendMessageA(hClient, m_DesktopDockingMsg, tqm::kDockPositionChanged, nDockPos);
     }
     if (!::IsWindow(m_hMainWnd))
         return;
 
-    if (!bChanged && RestoreWindowPlacement(m_pMainWnd, kPlacementKey)) {
+    if (!bChanged && RestoreWindowPlacement(m_pMainWnd, tqm::kMainWindowPlacement)) {
         OnSettingChange(SPI_SETWORKAREA, nullptr);
         return;
     }
@@ -81,26 +70,27 @@ LONG CDesktopDockingManager::OnMsgFromClient(UINT wParam, LONG lParam)
     m_hCurrentClient = nullptr;
     const UINT nCode = wParam & 0xFF;
     HWND hClient = tqm::WindowFromDockingParam(lParam);
-    if (!::IsWindow(m_hMainWnd) || !::IsWindow(hClient) || nCode < kSubscribe || nCode > kQueryPosition)
+    if (!::IsWindow(m_hMainWnd) || !::IsWindow(hClient) || nCode < tqm::kDockSubscribe ||
+        nCode > tqm::kDockQueryPosition)
         return 0;
 
     switch (nCode) {
-    case kSubscribe:
+    case tqm::kDockSubscribe:
         if (findClientWndIndex(hClient) < 0)
             m_arrClientWnds.Add(hClient);
         m_hCurrentClient = hClient;
         return m_nDockPos;
-    case kUnsubscribe: {
+    case tqm::kDockUnsubscribe: {
         const int nIndex = findClientWndIndex(hClient);
         if (nIndex >= 0)
             m_arrClientWnds.RemoveAt(nIndex);
         return 1;
     }
-    case kClientMoved:
+    case tqm::kDockClientMoved:
         return onClientMoved(hClient);
-    case kQueryPosition:
+    case tqm::kDockQueryPosition:
         return m_nDockPos;
-    default:  // kPositionChanged goes the other way
+    default:  // tqm::kDockPositionChanged goes the other way
         return 0;
     }
 }

@@ -23,8 +23,8 @@ BOOL WINAPI DesktopDocking_SizeWindowToManager(HWND hWnd)
     HWND hManager = tqm::FindProjectManager();
     if (!::IsWindow(hWnd) || !hManager)
         return FALSE;
-    const int nDockPos = static_cast<int>(::SendMessageA(hManager, tqm::RegisterDockingMessage(), 5,
-                                                         tqm::DockingParamFromWindow(hWnd)));
+    const int nDockPos = static_cast<int>(::SendMessageA(hManager, tqm::RegisterDockingMessage(),
+                                                         tqm::kDockQueryPosition, tqm::DockingParamFromWindow(hWnd)));
     tqm::WindowBox box;
     if (!tqm::FreeAreaBox(nDockPos, tqm::DesktopWorkArea(), tqm::WindowRect(hManager), box))
         return FALSE;

@@ -10,6 +10,19 @@
 
 namespace tqm {
 
+// The codes (wParam) of the docking message.
+enum DockingCode
+{
+    kDockSubscribe = 1,        // client to manager
+    kDockUnsubscribe = 2,      // client to manager
+    kDockClientMoved = 3,      // client to manager
+    kDockPositionChanged = 4,  // manager to client
+    kDockQueryPosition = 5     // anyone to manager
+};
+
+// The entry of each side's placement in its program's profile.
+const char kMainWindowPlacement[] = "MainWindow";
+
 // "Tarn52.DesktopDocking", registered on first use; 0 when it cannot be.
 UINT RegisterDockingMessage();
 // The project manager's main window, or NULL.

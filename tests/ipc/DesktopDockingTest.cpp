@@ -240,7 +240,8 @@ TEST(DesktopDockingSettings, ComeFromTheUsersOptionsFile)
         int nPos;
         BOOL bDialogs;
     };
-    const Case cases[] = {{nullptr, nullptr, 2, TRUE}, {"4", "0", 4, FALSE}, {"1", "1", 1, FALSE}, {"9", nullptr, 9, TRUE}};
+    const Case cases[] = {
+        {nullptr, nullptr, 2, TRUE}, {"4", "0", 4, FALSE}, {"1", "1", 1, FALSE}, {"9", nullptr, 9, TRUE}};
     for (const Case& c : cases) {
         WriteUserOption("DesktopDockPos", c.pos);
         WriteUserOption("DockDialogBoxes", c.dialogs);

@@ -20,7 +20,8 @@ TEST(TqmDock, ClientDocksFollowsAndUnsubscribes)
 
     // While tqm runs, this thread keeps the manager's window answering, and
     // moves the manager to the right edge once the client is there.
-    std::future<TqmRun> run = std::async(std::launch::async, [] { return RunTqm({"dock", "client", "--seconds", "3"}); });
+    std::future<TqmRun> run =
+        std::async(std::launch::async, [] { return RunTqm({"dock", "client", "--seconds", "3"}); });
     bool bMoved = false;
     while (run.wait_for(std::chrono::milliseconds(0)) != std::future_status::ready) {
         MsgWaitForMultipleObjects(0, nullptr, FALSE, 20, QS_ALLINPUT);
