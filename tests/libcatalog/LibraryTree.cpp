@@ -1,8 +1,10 @@
 #include "LibraryTree.h"
 
+#include "config/QM5Profile.h"
 #include "framework/Handles.h"
 #include "libcatalog/LibraryFiles.h"
 #include "libcatalog/logic/ListBlock.h"
+#include "paths/InstallDirs.h"
 #include "paths/PathNames.h"
 #include "support/FileUtil.h"
 
@@ -45,6 +47,18 @@ std::vector<std::string> TakeBlock(HGLOBAL block)
     return tqm::DecodeListBlock(lock.as<const char>(), GlobalSize(owner.get()));
 }
 
+namespace {
+
+// Every occurrence of the tree's folder replaced by "<>".
+std::string shortened(std::string text, const std::string& root)
+{
+    for (size_t at; (at = text.find(root)) != std::string::npos;)
+        text.replace(at, root.size(), "<>");
+    return text;
+}
+
+}  // namespace
+
 FileSet FileSetOf(const LibraryTree& tree, const std::string& description)
 {
     HGLOBAL messages = nullptr;
@@ -53,12 +67,51 @@ FileSet FileSetOf(const LibraryTree& tree, const std::string& description)
     set.nullFiles = files == nullptr;
     for (const std::string& file : TakeBlock(files))
         set.files.push_back(tree.relative(file));
-    for (std::string message : TakeBlock(messages)) {
-        for (size_t at; (at = message.find(tree.root())) != std::string::npos;)
-            message.replace(at, tree.root().size(), "<>");
-        set.messages.push_back(message);
-    }
+    for (const std::string& message : TakeBlock(messages))
+        set.messages.push_back(shortened(message, tree.root()));
     return set;
+}
+
+InstallationTest::InstallationTest()
+{
+    TQMSetQM5ProfileString(HKEY_LOCAL_MACHINE, "Global", "LibsDir", tree.folder("Libs").c_str());
+    TQMSetQM5ProfileString(HKEY_LOCAL_MACHINE, "Global", "ProjectsDir", tree.folder("Projects").c_str());
+}
+
+InstallationTest::~InstallationTest()
+{
+    if (!m_optionsSaved)
+        return;
+    const std::string options = TQMGetVMXOptionsFilePath().GetString();
+    if (m_optionsExisted)
+        tqmtest::WriteBytes(options, m_options);
+    else
+        DeleteFileA(options.c_str());
+}
+
+void InstallationTest::setLanguages(const char* libLanguage, const char* appLanguage)
+{
+    const CString options = TQMGetVMXOptionsFilePath();
+    if (!m_optionsSaved) {
+        m_optionsSaved = true;
+        m_optionsExisted = tqmtest::PathExists(options.GetString());
+        m_options = tqmtest::ReadBytes(options.GetString());
+    }
+    TQMCreateDir(TQMGetParentDir(options));
+    std::string content = "[VMX]\n";
+    if (libLanguage)
+        content += std::string("LibLanguage=") + libLanguage + "\n";
+    if (appLanguage)
+        content += std::string("AppLanguage=") + appLanguage + "\n";
+    tqmtest::WriteBytes(options.GetString(), content);
+}
+
+std::vector<std::string> InstallationTest::inTree(HGLOBAL block) const
+{
+    std::vector<std::string> items;
+    for (const std::string& item : TakeBlock(block))
+        items.push_back(shortened(item, tree.root()));
+    return items;
 }
 
 }  // namespace cattest

@@ -2,7 +2,10 @@
 // lists read back in its terms.
 #pragma once
 
+#include "support/SuiteSettingsGuard.h"
 #include "support/TempDir.h"
+
+#include <gtest/gtest.h>
 
 #include <windows.h>
 
@@ -42,5 +45,33 @@ struct FileSet
 
 // TQMGetLibraryFiles on the tree's file.
 FileSet FileSetOf(const LibraryTree& tree, const std::string& description);
+
+// A test with an installation of its own: the suite's settings guarded, and
+// the libraries and projects directories in the tree ("Libs", "Projects").
+class InstallationTest : public testing::Test
+{
+protected:
+    InstallationTest();
+    ~InstallationTest() override;
+
+    // Writes the user's options file with these preferred languages (NULL:
+    // not set); the file is put back as it was when the test ends.
+    void setLanguages(const char* libLanguage, const char* appLanguage);
+    // A library description below the libraries directory.
+    std::string library(const std::string& relative, const std::string& content) const
+    {
+        return tree.put("Libs\\" + relative, content);
+    }
+    // The strings of a block with the tree's folder shown as "<>".
+    std::vector<std::string> inTree(HGLOBAL block) const;
+
+    tqmtest::SuiteSettingsGuard guard;
+    LibraryTree tree;
+
+private:
+    bool m_optionsSaved = false;
+    bool m_optionsExisted = false;
+    std::string m_options;
+};
 
 }  // namespace cattest
