@@ -1,6 +1,6 @@
 // The scan for old libraries: what is listed and what not, folders skipped,
 // and a stop from another thread at any moment.
-#include "LibraryTree.h"
+#include "support/LibraryTree.h"
 
 #include "framework/Handles.h"
 #include "libcatalog/ConvertibleLibraries.h"
@@ -15,7 +15,7 @@ namespace {
 
 using Strings = std::vector<std::string>;
 
-class Convertible : public cattest::InstallationTest
+class Convertible : public tqmtest::InstallationTest
 {
 protected:
     Strings scan(const std::string& folders, BOOL recurse = TRUE)
@@ -76,7 +76,7 @@ TEST_F(Convertible, AStopFromAnotherThreadEndsTheScanWithNull)
     // A stop before the scan starts is cleared by it.
     TQMStopGetConvertableLibraries();
     const DWORD start = GetTickCount();
-    EXPECT_EQ(60u, cattest::TakeBlock(TQMGetConvertableLibraries(big.c_str(), TRUE)).size());
+    EXPECT_EQ(60u, tqmtest::TakeBlock(TQMGetConvertableLibraries(big.c_str(), TRUE)).size());
     const DWORD whole = GetTickCount() - start;
 
     // Stops from another thread from spread moments of the scan on (repeated,
@@ -98,7 +98,7 @@ TEST_F(Convertible, AStopFromAnotherThreadEndsTheScanWithNull)
         stopper.join();
         const DWORD began = stopsBegan;
         const bool stopSeen = result == nullptr;
-        const size_t found = cattest::TakeBlock(result).size();
+        const size_t found = tqmtest::TakeBlock(result).size();
         if (step == 0 || (began && static_cast<LONG>(ended - began) > 50)) {
             EXPECT_TRUE(stopSeen) << "stops from " << whole * step / 10 << " ms of " << whole;
         }

@@ -1,7 +1,7 @@
 // Preferred and usable languages, help file paths, and the help shown in each
 // kind of viewer - Windows Help, HTML Help and the shell's - with stand-ins
 // the tests control, so no viewer ever opens.
-#include "LibraryTree.h"
+#include "support/LibraryTree.h"
 
 #include "libcatalog/LibraryLanguages.h"
 #include "support/BoxRecorder.h"
@@ -18,7 +18,7 @@ namespace {
 
 using tqmtest::BoxRecorder;
 
-class Languages : public cattest::InstallationTest
+class Languages : public tqmtest::InstallationTest
 {
 protected:
     std::string describe(const std::string& languages)
@@ -215,7 +215,7 @@ using HtmlHelpCall = LONG(__cdecl*)(HWND*, char*, UINT*, char*, int*, BOOL*);
 void showHtmlHelpInChild()
 {
     ASSERT_TRUE(SetDllDirectoryA(tqmtest::FixturePath("htmlhelp").c_str()));
-    cattest::LibraryTree tree;
+    tqmtest::LibraryTree tree;
     tree.put("Lib\\Motion.chm", "help");
     const std::string description =
         tree.put("Lib\\Motion.tarnlin", "[Languages]\nCount=1\nLang0=en\n[en]\nHelpFile=Motion.chm\n");

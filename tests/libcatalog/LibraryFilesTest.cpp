@@ -1,7 +1,7 @@
 // TQMGetLibraryFiles on library folders made for each test: the four
 // readers, the completion from families, languages, objects and sources, and
 // damaged input.
-#include "LibraryTree.h"
+#include "support/LibraryTree.h"
 
 #include "libcatalog/LibraryFiles.h"
 #include "libcatalog/logic/ObjectFileWriter.h"
@@ -14,8 +14,8 @@
 
 namespace {
 
-using cattest::FileSetOf;
-using cattest::LibraryTree;
+using tqmtest::FileSetOf;
+using tqmtest::LibraryTree;
 using Strings = std::vector<std::string>;
 
 Strings sorted(Strings list)
@@ -47,7 +47,7 @@ TEST(LibraryFiles, OlderDescription)
     tree.put("Old\\Name.txt", "");
     tree.put("Old\\Notes.txt", "");
 
-    const cattest::FileSet set = FileSetOf(tree, "Old\\Counters.lin");
+    const tqmtest::FileSet set = FileSetOf(tree, "Old\\Counters.lin");
     // The description, [Files] (readme.txt skipped), [SheredFiles], [FileCheck]
     // (wildcards in the extension only), then the families' files.
     ASSERT_GE(set.files.size(), 6u);
@@ -76,7 +76,7 @@ TEST(LibraryFiles, OlderDescriptionDefaultsAndFailures)
     tree.put("A\\Solo.src", "");
     tree.put("A\\English\\Solo.txt", "");
     tree.put("A\\Deutsch\\Solo.txt", "");
-    cattest::FileSet set = FileSetOf(tree, "A\\Solo.lin");
+    tqmtest::FileSet set = FileSetOf(tree, "A\\Solo.lin");
     EXPECT_EQ(sorted({"A\\Solo.lin", "A\\Solo.src", "A\\English\\Solo.txt"}), sorted(set.files));
     EXPECT_TRUE(set.messages.empty());
 
@@ -109,7 +109,7 @@ TEST(LibraryFiles, CurrentDescription)
     tree.put("Lib\\de\\Axis.dff", "[__Library]\nHelp=..\\Axis.hlp\n");
     tree.put("Lib\\en\\Axis.dff", "[__Library]\nHelp=Axis_en.hlp\n");
     tree.put("Lib\\en\\Axis_en.hlp", "");
-    const cattest::FileSet set = FileSetOf(tree, "Lib\\Motion.tarnlin");
+    const tqmtest::FileSet set = FileSetOf(tree, "Lib\\Motion.tarnlin");
     EXPECT_EQ((Strings{"Lib\\Motion.tarnlin", "Lib\\Motion.src", "Lib\\readme.txt"}),
               Strings(set.files.begin(), set.files.begin() + 3));
     EXPECT_EQ(sorted({"Lib\\Motion.tarnlin", "Lib\\Motion.src", "Lib\\readme.txt", "Lib\\Axis.src",
@@ -127,7 +127,7 @@ TEST(LibraryFiles, OtherKindsOfDescription)
 {
     LibraryTree tree;
     tree.put("Notes.txt", "[Library]\nType=Hpak\n");
-    cattest::FileSet set = FileSetOf(tree, "Notes.txt");
+    tqmtest::FileSet set = FileSetOf(tree, "Notes.txt");
     EXPECT_EQ(Strings{"Notes.txt"}, set.files);
     EXPECT_EQ(Strings{"Error: Invalid file type, expected .LIN .DFF or .DEF: <>\\Notes.txt"}, set.messages);
 
@@ -188,7 +188,7 @@ TEST(LibraryFiles, ObjectFilesAddTheNamesTheyRecord)
     std::vector<uint8_t> cut = tqm::WriteObjectFile(shortHeader);
     tree.put("L\\Short.obj", cut);
 
-    const cattest::FileSet set = FileSetOf(tree, "L\\Lib.tarnlin");
+    const tqmtest::FileSet set = FileSetOf(tree, "L\\Lib.tarnlin");
     EXPECT_EQ((Strings{"L\\Lib.tarnlin", "L\\Motion.obj", "L\\Old.obj", "L\\Bad.obl", "L\\Short.obj",
                        "L\\Motion.src", "L\\Cam.dat", "L\\Short.src"}),
               set.files);
@@ -214,7 +214,7 @@ TEST(LibraryFiles, SourcesAddWhatTheirDirectivesName)
     tree.put("L\\Axis.obj", tqm::WriteObjectFile(tqm::ObjectFileLayout()));
     tree.put("L\\Drives.obl", tqm::WriteObjectFile(tqm::ObjectFileLayout()));
     tree.put("L\\Secret.srx", "$INCLUDE NotRead.inc\n");
-    const cattest::FileSet set = FileSetOf(tree, "L\\Lib.tarnlin");
+    const tqmtest::FileSet set = FileSetOf(tree, "L\\Lib.tarnlin");
     // Included files are scanned at once, before the rest of the including file.
     EXPECT_EQ((Strings{"L\\Lib.tarnlin", "L\\Main.src", "L\\Secret.srx", "L\\A.inc", "L\\B.inc", "L\\Gone.inc",
                        "L\\Axis.obj", "L\\Drives.obl", "L\\Sub\\C.inc", "L\\Sub\\D.inc"}),
@@ -232,7 +232,7 @@ TEST(LibraryFiles, DamagedDescriptionsEndQuicklyWithBoundedMessages)
     tree.put("Huge.tarnlin", "[Library]\nType=Hpak\n[Files]\nCount=4000000000\nFile3=Huge.tarnlin\n"
                              "[Families]\nCount=4000000000\n[Languages]\nCount=4000000000\nLang0=en\n");
     const auto start = std::chrono::steady_clock::now();
-    const cattest::FileSet set = FileSetOf(tree, "Huge.tarnlin");
+    const tqmtest::FileSet set = FileSetOf(tree, "Huge.tarnlin");
     const double seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
     EXPECT_LT(seconds, 1.0);
     // A description that lists itself is still listed once.
@@ -251,7 +251,7 @@ TEST(LibraryFiles, DamagedDescriptionsEndQuicklyWithBoundedMessages)
     for (const std::string& content : {std::string(), std::string("\x01\x02\xff\0[Library]\n", 14),
                                        std::string(70000, '['), std::string("[Files]\nCount=1\nFile0=\xff\xfe\n")}) {
         tree.put("Odd.tarnlin", content);
-        const cattest::FileSet odd = FileSetOf(tree, "Odd.tarnlin");
+        const tqmtest::FileSet odd = FileSetOf(tree, "Odd.tarnlin");
         EXPECT_EQ("Odd.tarnlin", odd.files.at(0));
         EXPECT_FALSE(odd.messages.empty());
     }

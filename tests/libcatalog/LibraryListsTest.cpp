@@ -1,6 +1,6 @@
 // Installed and project libraries, identity clashes, and the version export,
 // against an installation made for each test.
-#include "LibraryTree.h"
+#include "support/LibraryTree.h"
 
 #include "framework/Handles.h"
 #include "libcatalog/LibraryLists.h"
@@ -25,7 +25,7 @@ Strings sorted(Strings list)
     return list;
 }
 
-class Libraries : public cattest::InstallationTest
+class Libraries : public tqmtest::InstallationTest
 {
 };
 
@@ -122,10 +122,10 @@ TEST_F(Libraries, IdentityClashes)
                                                                                  "[de]\nName=Meine\n");
     setLanguages("fr", nullptr);
 
-    const Strings installed = sorted(cattest::TakeBlock(TQMCheckLibraryID("DEMO.MOTION", "motion", nullptr)));
+    const Strings installed = sorted(tqmtest::TakeBlock(TQMCheckLibraryID("DEMO.MOTION", "motion", nullptr)));
     EXPECT_EQ(Strings{"\tDEMO.MOTION\t0.1\t\t"}, installed);
     const Strings withProject =
-        sorted(cattest::TakeBlock(TQMCheckLibraryID("DEMO.MOTION", "Other", tree.path("Projects\\P\\P.tarn5pj").c_str())));
+        sorted(tqmtest::TakeBlock(TQMCheckLibraryID("DEMO.MOTION", "Other", tree.path("Projects\\P\\P.tarn5pj").c_str())));
     EXPECT_EQ(sorted({"Meine\tDEMO.MOTION\t3.0.0\t\t", "Mouvement\tDEMO.MOTION\t2.1.0\tTarn\t",
                       "\tDEMO.MOTION\t1.0.0\t\t"}),
               withProject);

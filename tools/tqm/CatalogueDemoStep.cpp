@@ -86,6 +86,11 @@ std::string below(const std::string& path, const std::string& base)
     return path;
 }
 
+bool isIn(const std::vector<std::string>& list, const std::string& path)
+{
+    return std::find(list.begin(), list.end(), path) != list.end();
+}
+
 bool showInstalled(const std::string& libsDir)
 {
     const std::vector<std::string> all = TakeListBlock(TQMGetInstalledLibraries(FALSE));
@@ -96,13 +101,14 @@ bool showInstalled(const std::string& libsDir)
         rows.push_back(DescribeLibrary(path));
     PrintLibraryTable(rows, libsDir);
     for (const std::string& path : all) {
-        if (std::find(kept.begin(), kept.end(), path) == kept.end()) {
+        if (!isIn(kept, path)) {
             const LibraryRow row = DescribeLibrary(path);
             printf("  set aside: %s %s in %s (same ID %s)\n", row.name.c_str(), row.version.c_str(),
                    below(path, libsDir).c_str(), row.id.c_str());
         }
     }
-    return kept.size() + 1 == all.size();
+    return isIn(kept, libsDir + "\\Std\\Motion\\Motion.tarnlin") &&
+           !isIn(kept, libsDir + "\\Usr\\Motion-1.9\\Motion.tarnlin");
 }
 
 bool showProject(const std::string& controllerFile)

@@ -1,4 +1,4 @@
-#include "LibraryTree.h"
+#include "support/LibraryTree.h"
 
 #include "config/QM5Profile.h"
 #include "framework/Handles.h"
@@ -8,7 +8,7 @@
 #include "paths/PathNames.h"
 #include "support/FileUtil.h"
 
-namespace cattest {
+namespace tqmtest {
 
 std::string LibraryTree::put(const std::string& relative, const std::string& content) const
 {
@@ -114,4 +114,4 @@ std::vector<std::string> InstallationTest::inTree(HGLOBAL block) const
     return items;
 }
 
-}  // namespace cattest
+}  // namespace tqmtest

@@ -14,7 +14,7 @@
 #include <string>
 #include <vector>
 
-namespace cattest {
+namespace tqmtest {
 
 class LibraryTree
 {
@@ -74,4 +74,4 @@ private:
     std::string m_options;
 };
 
-}  // namespace cattest
+}  // namespace tqmtest
