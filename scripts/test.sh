@@ -3,7 +3,8 @@
 #   - installs what is missing (setup.sh), builds both architectures;
 #   - checks the i686 DLL's export table and both DLLs' imports;
 #   - runs every test program under Wine: x86_64 always, i686 where the
-#     32-bit Wine loader (wine32) is installed and runs at native speed.
+#     32-bit Wine loader (wine32) is installed and runs at native speed;
+#   - replays the fuzzing regressions and fuzzes each parser briefly.
 # Exits non-zero when anything fails.
 set -eu
 root=$(cd "$(dirname "$0")/.." && pwd)
@@ -44,6 +45,9 @@ else
     [ -n "${TQM_I686_UNDER_EMULATION:-}" ] && i686_timeout=14400
     (cd build/i686 && ctest --output-on-failure --timeout $i686_timeout -E '^exports$') || status=1
 fi
+
+echo "== fuzzing: regressions, then ${TQM_FUZZ_SECONDS:-20} s per target"
+./scripts/fuzz.sh all "${TQM_FUZZ_SECONDS:-20}" || status=1
 
 if [ "$status" -eq 0 ]; then echo "== all tests passed"; else echo "== TESTS FAILED"; fi
 exit $status
