@@ -6,8 +6,6 @@
 
 #include <string.h>
 
-#include <algorithm>
-
 #include <thread>
 #include <vector>
 
@@ -33,35 +31,23 @@ bool makePipe(Pipe& pipe, bool childReads)
     return SetHandleInformation(pipe.parentEnd.get(), HANDLE_FLAG_INHERIT, 0) != FALSE;
 }
 
-// Reads the child's output until the child has ended and the pipe is empty.
-// A process the child started may hold the pipe open for longer (Wine's
-// desktop process keeps the standard error of the program whose first
-// window started it), so the end of the pipe is not waited for.
-void drain(HANDLE hRead, HANDLE hProcess, std::string& text)
+void drain(HANDLE hRead, std::string& text)
 {
     char buffer[4096];
-    for (;;) {
-        DWORD dwAvailable = 0;
-        if (!PeekNamedPipe(hRead, nullptr, 0, nullptr, &dwAvailable, nullptr))
-            return;  // every writer has closed its end
-        if (dwAvailable == 0) {
-            if (WaitForSingleObject(hProcess, 10) != WAIT_OBJECT_0)
-                continue;
-            // Ended: what it wrote last may have arrived meanwhile.
-            if (!PeekNamedPipe(hRead, nullptr, 0, nullptr, &dwAvailable, nullptr) || dwAvailable == 0)
-                return;
-        }
-        DWORD got = 0;
-        if (!ReadFile(hRead, buffer, std::min<DWORD>(dwAvailable, sizeof(buffer)), &got, nullptr) || got == 0)
-            return;
+    DWORD got = 0;
+    while (ReadFile(hRead, buffer, sizeof(buffer), &got, nullptr) && got > 0)
         text.append(buffer, got);
-    }
 }
 
 }  // namespace
 
 ProgramRun RunProgram(const std::string& commandLine, const std::string& input, unsigned timeoutMs)
 {
+    // The desktop is made by the first program of the session that needs it,
+    // and under Wine the desktop's process then holds on to that program's
+    // standard handles: a child's pipes would never end. So the test makes
+    // it first.
+    GetDesktopWindow();
     ProgramRun run{-1, std::string(), std::string()};
     Pipe in, out, err;
     if (!makePipe(in, true) || !makePipe(out, false) || !makePipe(err, false))
@@ -89,8 +75,8 @@ ProgramRun RunProgram(const std::string& commandLine, const std::string& input, 
 
     // Both streams are read while the child runs, so that it never waits on
     // a full pipe; the input is written beside them.
-    std::thread outReader(drain, out.parentEnd.get(), hProcess.get(), std::ref(run.out));
-    std::thread errReader(drain, err.parentEnd.get(), hProcess.get(), std::ref(run.err));
+    std::thread outReader(drain, out.parentEnd.get(), std::ref(run.out));
+    std::thread errReader(drain, err.parentEnd.get(), std::ref(run.err));
     std::thread writer([&] {
         DWORD written = 0;
         if (!input.empty())
