@@ -97,8 +97,11 @@ int main(int argc, char** argv)
     using namespace tqmtool;
     InstallToolBoxHook();
 
-    if (argc < 2 || !strcmp(argv[1], "-h") || !strcmp(argv[1], "--help") || !strcmp(argv[1], "help")) {
-        if (argc >= 3 && !strcmp(argv[1], "help") && registry().count(argv[2])) {
+    // "tqm help COMMAND" shows the command's usage; "tqm help" with anything
+    // else goes to the help command (a library's help).
+    const bool helpOnCommand = argc >= 2 && !strcmp(argv[1], "help") && (argc < 3 || registry().count(argv[2]));
+    if (argc < 2 || !strcmp(argv[1], "-h") || !strcmp(argv[1], "--help") || helpOnCommand) {
+        if (argc >= 3 && helpOnCommand) {
             fputs(registry()[argv[2]].usage, stdout);
             return kExitOk;
         }
