@@ -14,6 +14,7 @@ typedef uint32_t DWORD;
 typedef unsigned int UINT;
 typedef int32_t LONG;
 typedef uint64_t ULONGLONG;
+typedef uintptr_t ULONG_PTR;
 typedef intptr_t LONG_PTR;
 typedef LONG_PTR LRESULT;
 typedef void* HANDLE;

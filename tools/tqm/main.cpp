@@ -4,8 +4,11 @@
 
 #include "diag/MessageBoxHook.h"
 
+#include <ctype.h>
+#include <errno.h>
 #include <stdarg.h>
 #include <stdio.h>
+#include <stdlib.h>
 #include <string.h>
 
 #include <algorithm>
@@ -72,6 +75,19 @@ int Fail(const char* format, ...)
 bool WantsHelp(const Args& args)
 {
     return std::any_of(args.begin(), args.end(), [](const std::string& a) { return a == "-h" || a == "--help"; });
+}
+
+bool ParseInteger(const std::string& text, long long min, long long max, long long& value)
+{
+    if (text.empty() || isspace(static_cast<unsigned char>(text[0])))
+        return false;
+    char* end = nullptr;
+    errno = 0;
+    long long number = strtoll(text.c_str(), &end, 0);
+    if (*end || errno || number < min || number > max)
+        return false;
+    value = number;
+    return true;
 }
 
 }  // namespace tqmtool
