@@ -10,12 +10,14 @@
 // share one thread here; between processes each message also crosses over.
 #include "bench/BenchClock.h"
 #include "ipc/DesktopDocking.h"
+#include "tools/tqm/DockedWindow.h"
 
 #include <windows.h>
 
 #include <stdio.h>
 
 using tqmbench::BestOf;
+using tqmtool::CreateDockedWindow;
 
 namespace {
 
@@ -23,28 +25,7 @@ constexpr int kMoves = 2000;
 constexpr int kHitTests = 200000;
 constexpr int kRounds = 5;
 
-template <typename Docking>
-LRESULT CALLBACK dockedProc(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam)
-{
-    auto* pDocking = reinterpret_cast<Docking*>(GetWindowLongPtrA(hWnd, GWLP_USERDATA));
-    LRESULT result = 0;
-    if (pDocking && pDocking->HandleWindowMessage(message, wParam, lParam, &result))
-        return result;
-    return DefWindowProcA(hWnd, message, wParam, lParam);
-}
-
-HWND makeWindow(const char* className, WNDPROC proc, void* pDocking)
-{
-    WNDCLASSA wc = {};
-    wc.lpfnWndProc = proc;
-    wc.hInstance = GetModuleHandleA(nullptr);
-    wc.lpszClassName = className;
-    RegisterClassA(&wc);
-    HWND hWnd = CreateWindowA(className, className, WS_OVERLAPPEDWINDOW | WS_VISIBLE, 300, 100, 500, 400, nullptr,
-                              nullptr, wc.hInstance, nullptr);
-    SetWindowLongPtrA(hWnd, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(pDocking));
-    return hWnd;
-}
+const RECT kStartRect{300, 100, 800, 500};
 
 void moveBackAndForth(HWND hWnd)
 {
@@ -66,9 +47,9 @@ int main()
 {
     CDesktopDockingManager manager;
     CDesktopDockingClient client;
-    HWND hManager = makeWindow(TARN_PROJECT_MANAGER_CLASS, dockedProc<CDesktopDockingManager>, &manager);
-    HWND hClient = makeWindow("BenchDockClient", dockedProc<CDesktopDockingClient>, &client);
-    HWND hPlain = makeWindow("BenchPlain", DefWindowProcA, nullptr);
+    HWND hManager = CreateDockedWindow(TARN_PROJECT_MANAGER_WINDOW_CLASS, "manager", kStartRect, &manager);
+    HWND hClient = CreateDockedWindow("BenchDockClient", "client", kStartRect, &client);
+    HWND hPlain = CreateDockedWindow("BenchPlain", DefWindowProcA, "plain", kStartRect, nullptr);
     CWnd managerWnd, clientWnd;
     managerWnd.Attach(hManager);
     clientWnd.Attach(hClient);

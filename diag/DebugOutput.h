@@ -14,7 +14,9 @@
 
 #include "framework/Export.h"
 
-// The receivers' window classes.
+// The receivers' window classes. The suite's programs find the project
+// manager's main window by its class for everything they tell it (trace
+// lines, notifications, desktop docking).
 #define TARN_TRACE_WINDOW_CLASS "MfxTraceWindow"
 #define TARN_PROJECT_MANAGER_WINDOW_CLASS "Tarn52:VmxWClass"
 

@@ -2,12 +2,12 @@
 // DesktopDocking_SizeWindowToManager - the suite's main windows docked at an
 // edge of the desktop work area.
 //
-// The project manager's main window (class "Tarn52:VmxWClass") owns one
-// CDesktopDockingManager and docks at an edge of the work area; the main
-// window of every other program owns one CDesktopDockingClient and fills the
-// rest beside it. The two talk through the registered message
-// "Tarn52.DesktopDocking" (wParam a code, lParam a window), sent between the
-// processes:
+// The project manager's main window (class "Tarn52:VmxWClass",
+// TARN_PROJECT_MANAGER_WINDOW_CLASS) owns one CDesktopDockingManager and
+// docks at an edge of the work area; the main window of every other program
+// owns one CDesktopDockingClient and fills the rest beside it. The two talk
+// through the registered message "Tarn52.DesktopDocking" (wParam a code,
+// lParam a window), sent between the processes:
 //
 //   1 client -> manager  subscribe; answers the dock position
 //   2 client -> manager  unsubscribe; answers 1
@@ -37,13 +37,11 @@
 
 #include <windows.h>
 
+#include "diag/DebugOutput.h"
 #include "framework/Collections.h"
 #include "framework/Export.h"
 #include "framework/Gdi.h"
 #include "framework/Wnd.h"
-
-// The project manager's main window class, by which the clients find it.
-#define TARN_PROJECT_MANAGER_CLASS "Tarn52:VmxWClass"
 
 class TQM_CLASS CDesktopDockingManager
 {

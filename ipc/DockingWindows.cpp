@@ -20,7 +20,7 @@ bool inMoveSizeLoop(HWND hWnd)
 
 UINT RegisterDockingMessage() { return ::RegisterWindowMessageA("Tarn52.DesktopDocking"); }
 
-HWND FindProjectManager() { return ::FindWindowA(TARN_PROJECT_MANAGER_CLASS, nullptr); }
+HWND FindProjectManager() { return ::FindWindowA(TARN_PROJECT_MANAGER_WINDOW_CLASS, nullptr); }
 
 RECT DesktopWorkArea()
 {

@@ -20,7 +20,7 @@ class DesktopDocking : public testing::Test
 protected:
     DesktopDocking()
         : W(WorkArea()),
-          managerWindow(manager, TARN_PROJECT_MANAGER_CLASS, RECT{200, 200, 500, 500}),
+          managerWindow(manager, TARN_PROJECT_MANAGER_WINDOW_CLASS, RECT{200, 200, 500, 500}),
           clientWindow(client, "TqmDockClient", RECT{300, 300, 700, 600})
     {
     }

@@ -27,7 +27,7 @@ class ManagerProcess
 {
 public:
     ManagerProcess()
-        : m_window(TARN_PROJECT_MANAGER_CLASS, RECT{100, 100, 400, 400}, WS_OVERLAPPEDWINDOW | WS_VISIBLE,
+        : m_window(TARN_PROJECT_MANAGER_WINDOW_CLASS, RECT{100, 100, 400, 400}, WS_OVERLAPPEDWINDOW | WS_VISIBLE,
                    [this](HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult) {
                        if (message == actionMessage())
                            return act(hWnd, wParam, lParam, pResult);
@@ -76,7 +76,7 @@ TEST(DockingAcrossProcesses, ClientSide)
         GTEST_SKIP() << "runs as the client of the tests below";
 
     const RECT W = WorkArea();
-    HWND hManager = FindWindowA(TARN_PROJECT_MANAGER_CLASS, nullptr);
+    HWND hManager = FindWindowA(TARN_PROJECT_MANAGER_WINDOW_CLASS, nullptr);
     ASSERT_TRUE(hManager);
     auto ask = [&](Action action, LPARAM lParam) { return SendMessageA(hManager, actionMessage(), action, lParam); };
     auto managerRect = [&] {

@@ -6,14 +6,15 @@
 // position of the running project manager.
 #include "tools/tqm/Command.h"
 
+#include "tools/tqm/DockedWindow.h"
+#include "tools/tqm/ListenerWindow.h"
+
 #include "ipc/DesktopDocking.h"
 
 #include <windows.h>
 
 #include <stdio.h>
 #include <stdlib.h>
-
-#include <atomic>
 
 namespace tqmtool {
 namespace {
@@ -22,10 +23,11 @@ const char kUsage[] =
     "usage: tqm dock client [--seconds N]\n"
     "       tqm dock query\n\n"
     "client opens a main window that subscribes with the running project manager\n"
-    "(the window of class \"" TARN_PROJECT_MANAGER_CLASS "\") and fills the free part of the\n"
-    "desktop beside it. It follows when the manager is sized or docks at another\n"
-    "edge; sizing its shared edge (by mouse, or Size in its system menu) sizes the\n"
-    "manager too, and its other edges are held. Each change prints a line:\n\n"
+    "(the window of class \"" TARN_PROJECT_MANAGER_WINDOW_CLASS "\"; tqm pm --dock POS stands in\n"
+    "for it) and fills the free part of the desktop beside it. It follows when the\n"
+    "manager is sized or docks at another edge; sizing its shared edge (by mouse,\n"
+    "or Size in its system menu) sizes the manager too, and its other edges are\n"
+    "held. Each change prints a line:\n\n"
     "    docked at position 2 (manager at the left edge): window at 256,0,1024,767\n\n"
     "Closing the window, Ctrl+C, or --seconds N ends it; it unsubscribes first.\n"
     "Exit 1 when no project manager is running.\n\n"
@@ -34,41 +36,6 @@ const char kUsage[] =
 
 const char kClientClass[] = "TqmDockClient";
 
-const char* positionName(UINT nPos)
-{
-    switch (nPos) {
-    case 1: return "not docked";
-    case 2: return "manager at the left edge";
-    case 3: return "manager at the right edge";
-    case 4: return "manager at the top edge";
-    case 5: return "manager at the bottom edge";
-    default: return "unknown position";
-    }
-}
-
-CDesktopDockingClient g_client;
-std::atomic<HWND> g_window{nullptr};
-bool g_bSubscribed = false;
-RECT g_printedRect = {};
-UINT g_printedPos = 0;
-
-// One line for each new place or position of the window.
-void printPlace(HWND hWnd)
-{
-    if (!g_bSubscribed)
-        return;
-    RECT r = {};
-    GetWindowRect(hWnd, &r);
-    const UINT nPos = g_client.GetDockPos();
-    if (EqualRect(&r, &g_printedRect) && nPos == g_printedPos)
-        return;
-    g_printedRect = r;
-    g_printedPos = nPos;
-    printf("docked at position %u (%s): window at %ld,%ld,%ld,%ld\n", nPos, positionName(nPos), r.left, r.top,
-           r.right, r.bottom);
-    fflush(stdout);
-}
-
 bool inOwnMoveSizeLoop(HWND hWnd)
 {
     GUITHREADINFO info = {};
@@ -76,95 +43,109 @@ bool inOwnMoveSizeLoop(HWND hWnd)
     return GetGUIThreadInfo(GetCurrentThreadId(), &info) && (info.flags & GUI_INMOVESIZE) && info.hwndMoveSize == hWnd;
 }
 
-LRESULT CALLBACK clientProc(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam)
+// The client main window: subscribed while it runs, and a line for each new
+// place or position.
+class DockClient
 {
-    LRESULT result = 0;
-    const bool handled = g_client.HandleWindowMessage(message, wParam, lParam, &result);
-    switch (message) {
-    case WM_WINDOWPOSCHANGED:
-        // While the user drags, the line comes when the drag is over.
-        if (!inOwnMoveSizeLoop(hWnd) && !IsIconic(hWnd))
-            printPlace(hWnd);
-        break;
-    case WM_EXITSIZEMOVE:
-        printPlace(hWnd);
-        break;
-    case WM_TIMER:
-    case WM_CLOSE:
-        g_bSubscribed = false;
-        g_client.Unsubscribe();
-        DestroyWindow(hWnd);
-        return 0;
-    case WM_DESTROY:
-        PostQuitMessage(0);
-        return 0;
-    default:
-        if (handled && message == CDesktopDockingClient::m_DesktopDockingMsg)
-            printPlace(hWnd);
-        break;
+public:
+    DockClient() : m_window(kClientClass, "tqm dock client")
+    {
+        m_window.AddHandler([this](HWND hWnd, UINT msg, WPARAM wParam, LPARAM lParam, LRESULT& result) {
+            return handle(hWnd, msg, wParam, lParam, result);
+        });
     }
-    return handled ? result : DefWindowProcA(hWnd, message, wParam, lParam);
-}
+    ~DockClient() { m_wnd.Detach(); }
 
-BOOL WINAPI onConsoleControl(DWORD)
-{
-    HWND hWnd = g_window.load();
-    if (!hWnd)
-        return FALSE;
-    PostMessageA(hWnd, WM_CLOSE, 0, 0);
-    return TRUE;
-}
+    int Run(long nSeconds)
+    {
+        // Several clients may run beside one manager, as the suite's editors do.
+        if (!m_window.CreateMainWindow(RECT{100, 100, 600, 500}, false))
+            return kExitNegative;
+        HWND hWnd = m_window.Window();
+        m_wnd.Attach(hWnd);
+        if (!m_client.Subscribe(&m_wnd))
+            return Fail("the project manager went away before the client could subscribe");
+        m_bSubscribed = true;
+        printPlace(hWnd);
+        if (nSeconds > 0)
+            SetTimer(hWnd, 1, static_cast<UINT>(nSeconds * 1000), nullptr);
+        m_window.Run();
+        return kExitOk;
+    }
+
+private:
+    bool handle(HWND hWnd, UINT msg, WPARAM wParam, LPARAM lParam, LRESULT& result)
+    {
+        const bool bHandled = m_client.HandleWindowMessage(msg, wParam, lParam, &result) != FALSE;
+        switch (msg) {
+        case WM_WINDOWPOSCHANGED:
+            // While the user drags, the line comes when the drag is over.
+            if (!inOwnMoveSizeLoop(hWnd) && !IsIconic(hWnd))
+                printPlace(hWnd);
+            break;
+        case WM_EXITSIZEMOVE:
+            printPlace(hWnd);
+            break;
+        case WM_TIMER:
+            m_window.Close();
+            return true;
+        case WM_CLOSE:
+            // Out of the manager's list before the window goes.
+            m_bSubscribed = false;
+            m_client.Unsubscribe();
+            break;
+        case WM_PAINT:
+            PaintTitle(hWnd);
+            return true;
+        default:
+            if (bHandled && msg == CDesktopDockingClient::m_DesktopDockingMsg)
+                printPlace(hWnd);
+            break;
+        }
+        return bHandled;
+    }
+
+    void printPlace(HWND hWnd)
+    {
+        if (!m_bSubscribed)
+            return;
+        RECT r = {};
+        GetWindowRect(hWnd, &r);
+        const UINT nPos = m_client.GetDockPos();
+        if (EqualRect(&r, &m_printedRect) && nPos == m_nPrintedPos)
+            return;
+        m_printedRect = r;
+        m_nPrintedPos = nPos;
+        printf("docked at position %u (%s): window at %ld,%ld,%ld,%ld\n", nPos,
+               DockPositionName(static_cast<int>(nPos)), r.left, r.top, r.right, r.bottom);
+        fflush(stdout);
+    }
+
+    CDesktopDockingClient m_client;
+    CWnd m_wnd;
+    bool m_bSubscribed = false;
+    RECT m_printedRect = {};
+    UINT m_nPrintedPos = 0;
+    ListenerWindow m_window;
+};
 
 int runClient(long nSeconds)
 {
-    if (!FindWindowA(TARN_PROJECT_MANAGER_CLASS, nullptr))
-        return Fail("no project manager is running (no window of class \"%s\")", TARN_PROJECT_MANAGER_CLASS);
-    HINSTANCE hInstance = GetModuleHandleA(nullptr);
-    WNDCLASSA wc = {};
-    wc.lpfnWndProc = clientProc;
-    wc.hInstance = hInstance;
-    wc.hCursor = LoadCursorA(nullptr, IDC_ARROW);
-    wc.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_WINDOW + 1);
-    wc.lpszClassName = kClientClass;
-    RegisterClassA(&wc);
-    HWND hWnd = CreateWindowA(kClientClass, "tqm dock client", WS_OVERLAPPEDWINDOW | WS_VISIBLE, CW_USEDEFAULT,
-                              CW_USEDEFAULT, 500, 400, nullptr, nullptr, hInstance, nullptr);
-    if (!hWnd)
-        return Fail("cannot create the client window (error %lu)", GetLastError());
-    g_window.store(hWnd);
-    SetConsoleCtrlHandler(onConsoleControl, TRUE);
-
-    CWnd wnd;
-    wnd.Attach(hWnd);
-    if (!g_client.Subscribe(&wnd)) {
-        DestroyWindow(hWnd);
-        return Fail("the project manager went away before the client could subscribe");
-    }
-    g_bSubscribed = true;
-    printPlace(hWnd);
-    if (nSeconds > 0)
-        SetTimer(hWnd, 1, static_cast<UINT>(nSeconds * 1000), nullptr);
-
-    MSG msg;
-    while (GetMessageA(&msg, nullptr, 0, 0) > 0) {
-        TranslateMessage(&msg);
-        DispatchMessageA(&msg);
-    }
-    g_window.store(nullptr);
-    SetConsoleCtrlHandler(onConsoleControl, FALSE);
-    wnd.Detach();
-    return kExitOk;
+    if (!FindWindowA(TARN_PROJECT_MANAGER_WINDOW_CLASS, nullptr))
+        return Fail("no project manager is running (no window of class \"%s\")", TARN_PROJECT_MANAGER_WINDOW_CLASS);
+    DockClient client;
+    return client.Run(nSeconds);
 }
 
 int runQuery()
 {
-    HWND hManager = FindWindowA(TARN_PROJECT_MANAGER_CLASS, nullptr);
+    HWND hManager = FindWindowA(TARN_PROJECT_MANAGER_WINDOW_CLASS, nullptr);
     if (!hManager)
         return Fail("no project manager is running");
     // The manager answers a question from any window; the desktop will do.
     const UINT nPos = static_cast<UINT>(SendMessageA(hManager, RegisterWindowMessageA("Tarn52.DesktopDocking"), 5,
                                                      reinterpret_cast<LPARAM>(GetDesktopWindow())));
-    printf("%u (%s)\n", nPos, positionName(nPos));
+    printf("%u (%s)\n", nPos, DockPositionName(static_cast<int>(nPos)));
     return kExitOk;
 }
 

@@ -32,15 +32,24 @@ ListenerWindow::ListenerWindow(const char* className, const char* title) : m_cla
 
 ListenerWindow::~ListenerWindow()
 {
+    // The objects behind the handlers may be gone already.
+    m_handlers.clear();
     if (m_hWnd)
         DestroyWindow(m_hWnd);
     if (m_registered)
         UnregisterClassA(m_className.c_str(), GetModuleHandleA(nullptr));
 }
 
-bool ListenerWindow::Create()
+bool ListenerWindow::Create() { return create(WS_OVERLAPPED, RECT{}, true); }
+
+bool ListenerWindow::CreateMainWindow(const RECT& rect, bool bOnlyOne)
 {
-    HWND other = FindWindowA(m_className.c_str(), nullptr);
+    return create(WS_OVERLAPPEDWINDOW | WS_VISIBLE, rect, bOnlyOne);
+}
+
+bool ListenerWindow::create(DWORD dwStyle, const RECT& rect, bool bOnlyOne)
+{
+    HWND other = bOnlyOne ? FindWindowA(m_className.c_str(), nullptr) : nullptr;
     if (other) {
         Fail("a window of class \"%s\" is already running (window %s)", m_className.c_str(),
              WindowText(other).c_str());
@@ -50,14 +59,16 @@ bool ListenerWindow::Create()
     WNDCLASSA wc = {};
     wc.lpfnWndProc = windowProc;
     wc.hInstance = hInstance;
+    wc.hCursor = LoadCursorA(nullptr, IDC_ARROW);
+    wc.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_WINDOW + 1);
     wc.lpszClassName = m_className.c_str();
     if (!RegisterClassA(&wc)) {
         Fail("cannot register the window class (error %lu)", GetLastError());
         return false;
     }
     m_registered = true;
-    m_hWnd = CreateWindowA(m_className.c_str(), m_title.c_str(), WS_OVERLAPPED, 0, 0, 0, 0, nullptr, nullptr,
-                           hInstance, this);
+    m_hWnd = CreateWindowA(m_className.c_str(), m_title.c_str(), dwStyle, rect.left, rect.top, rect.right - rect.left,
+                           rect.bottom - rect.top, nullptr, nullptr, hInstance, this);
     if (!m_hWnd) {
         Fail("cannot create the window (error %lu)", GetLastError());
         return false;

@@ -1,10 +1,11 @@
-// ListenerWindow - the hidden top-level window of a console command that
-// listens for other programs' messages (tqm trace, tqm pm), and the printing
-// of what it receives.
+// ListenerWindow - the top-level window of a console command that listens
+// for other programs' messages (tqm trace, tqm pm, tqm dock client), and the
+// printing of what it receives.
 //
 // Senders find the window by its class, so it is a real top-level window (a
-// message-only one would not be found), hidden. Ctrl+C, Ctrl+Break or a
-// closed console close it; Run() pumps messages until it is destroyed.
+// message-only one would not be found): hidden, or a main window a person
+// sees and sizes. Ctrl+C, Ctrl+Break or a closed console close it; Run()
+// pumps messages until it is destroyed.
 #pragma once
 
 #include <windows.h>
@@ -21,7 +22,8 @@ public:
     // Handles one message; true when it did, with the window procedure's
     // result in result. Handlers are asked in the order they were added,
     // before the window's own handling (WM_CLOSE destroys the window, and
-    // its destruction ends Run).
+    // its destruction ends Run). A window still there when the object goes
+    // is destroyed without them.
     using Handler = std::function<bool(HWND hWnd, UINT msg, WPARAM wParam, LPARAM lParam, LRESULT& result)>;
 
     ListenerWindow(const char* className, const char* title);
@@ -31,9 +33,13 @@ public:
 
     void AddHandler(Handler handler) { m_handlers.push_back(std::move(handler)); }
 
-    // Registers the class and creates the window; false after a message on
-    // stderr (another window of the class runs, or the system refused).
+    // Registers the class and creates the window, hidden; false after a
+    // message on stderr (another window of the class runs, or the system
+    // refused).
     bool Create();
+    // The same for a main window with caption, frame and system menu, shown
+    // at rect; with bOnlyOne false, other windows of the class may run too.
+    bool CreateMainWindow(const RECT& rect, bool bOnlyOne);
     HWND Window() const { return m_hWnd; }
     // Pumps this thread's messages until the window is destroyed.
     void Run();
@@ -45,6 +51,7 @@ public:
     void CountEvent();
 
 private:
+    bool create(DWORD dwStyle, const RECT& rect, bool bOnlyOne);
     static LRESULT CALLBACK windowProc(HWND hWnd, UINT msg, WPARAM wParam, LPARAM lParam);
 
     std::string m_className;

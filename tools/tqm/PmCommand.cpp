@@ -1,14 +1,15 @@
-// tqm pm [--reply TEXT | --reply-file FILE] [--count N]
+// tqm pm [--reply TEXT | --reply-file FILE] [--count N] [--dock POS]
 //
 // A stand-in for the suite's project manager: a window of its class that
 // prints, one line each, what the suite's programs send it, and answers them
-// where they wait for an answer. Anyone can test a program of the suite with
-// it, without the real project manager; the cross-process tests use it as
-// their partner.
+// where they wait for an answer; with --dock, also their desktop-docking
+// manager. Anyone can test a program of the suite with it, without the real
+// project manager; the cross-process tests use it as their partner.
 #include "tools/tqm/Command.h"
 
 #include "tools/tqm/ExchangePartner.h"
 #include "tools/tqm/ListenerWindow.h"
+#include "tools/tqm/PmDocking.h"
 #include "tools/tqm/StreamInput.h"
 
 #include "diag/DebugOutput.h"
@@ -22,13 +23,14 @@
 #include <limits.h>
 #include <stdio.h>
 
+#include <memory>
 #include <string>
 
 namespace tqmtool {
 namespace {
 
 const char kUsage[] =
-    "usage: tqm pm [--reply TEXT | --reply-file FILE] [--count N]\n\n"
+    "usage: tqm pm [--reply TEXT | --reply-file FILE] [--count N] [--dock POS]\n\n"
     "Stands in for the project manager: runs a window of class \"" TARN_PROJECT_MANAGER_WINDOW_CLASS "\" and\n"
     "prints every message the suite's programs send it, one line each:\n\n"
     "    TIME          KIND      WHAT\n"
@@ -36,7 +38,8 @@ const char kUsage[] =
     "    14:03:07.216  message   2 | Error 12: unknown symbol\n"
     "    14:03:07.217  tarn      Error: build failed\n"
     "    14:03:07.218  exchange  Pump.Query | status? | 8 bytes replied\n"
-    "    14:03:07.219  ack       8001 | from 0001006C | 42\n\n"
+    "    14:03:07.219  ack       8001 | from 0001006C | 42\n"
+    "    14:03:07.220  dock      subscribe | from 000100A2 | 2\n\n"
     "saved     a saved file and its info (TQMNotifyFileSaved); the atom and the\n"
     "          molecule are read and deleted\n"
     "message   a line for the message window, with its level (TQMDisplayMessage)\n"
@@ -49,7 +52,16 @@ const char kUsage[] =
     "ack       a message in the WM_APP range (8000 to BFFF hex) posted to the\n"
     "          window: acknowledged to the window in its wParam with its lParam\n"
     "          (PostAckMessage), as PostMessageAndWaitAck awaits\n"
-    "copydata  another copy-data message, with its data word\n\n"
+    "copydata  another copy-data message, with its data word\n"
+    "dock      with --dock, a desktop-docking message (subscribe, unsubscribe,\n"
+    "          moved, query), its client window and the answer: the dock\n"
+    "          position for subscribe and query; and each new position\n\n"
+    "--dock POS makes the stand-in the desktop-docking manager as well: its\n"
+    "window shows, docked at POS (1 not docked, 2 at the left edge of the work\n"
+    "area, 3 right, 4 top, 5 bottom), and the suite's main windows (tqm dock\n"
+    "client) subscribe with it and fill the rest of the work area beside it. The\n"
+    "keys 1 to 5 in its window dock it at another position; its clients follow.\n"
+    "It starts afresh each time (tqm keeps no window placement).\n\n"
     "Control characters in texts show as \\n, \\r, \\t or \\xNN. Ctrl+C ends it, and\n"
     "so does closing its window; --count N ends it after N messages. Exit 1 when\n"
     "a project manager (or another stand-in) already runs.\n";
@@ -59,6 +71,7 @@ struct PmOptions
     bool fixedReply = false;
     std::string reply;
     long count = 0;
+    int dockPos = 0;  // 0: no docking
 };
 
 // The answers and lines of the stand-in; one per window.
@@ -165,7 +178,7 @@ int runPm(const Args& args)
     PmOptions options;
     for (size_t i = 0; i < args.size(); ++i) {
         const std::string& arg = args[i];
-        if ((arg == "--reply" || arg == "--reply-file" || arg == "--count") && i + 1 >= args.size())
+        if ((arg == "--reply" || arg == "--reply-file" || arg == "--count" || arg == "--dock") && i + 1 >= args.size())
             return UsageError("pm", "%s needs a value", arg.c_str());
         if (arg == "--reply" || arg == "--reply-file") {
             if (options.fixedReply)
@@ -180,6 +193,11 @@ int runPm(const Args& args)
             if (!ParseInteger(args[++i], 1, LONG_MAX, count))
                 return UsageError("pm", "--count needs a positive number, not \"%s\"", args[i].c_str());
             options.count = static_cast<long>(count);
+        } else if (arg == "--dock") {
+            long long dockPos = 0;
+            if (!ParseInteger(args[++i], 1, 5, dockPos))
+                return UsageError("pm", "--dock needs a dock position from 1 to 5, not \"%s\"", args[i].c_str());
+            options.dockPos = static_cast<int>(dockPos);
         } else {
             return UsageError("pm", "unknown argument %s", arg.c_str());
         }
@@ -189,13 +207,16 @@ int runPm(const Args& args)
     window.EndAfter(options.count);
     ProjectManagerStandIn standIn(window, options);
     // Where the stand-in learns more: a module that gives the project
-    // manager's window further duties (desktop docking, say) adds its own
-    // handler here, with window.AddHandler. Handlers are asked in the order
-    // they were added; the first that handles a message ends its handling.
+    // manager's window further duties (desktop docking) adds its own handler
+    // here, with window.AddHandler. Handlers are asked in the order they
+    // were added; the first that handles a message ends its handling.
     window.AddHandler([&standIn](HWND, UINT msg, WPARAM wParam, LPARAM lParam, LRESULT& result) {
         return standIn.Handle(msg, wParam, lParam, result);
     });
-    if (!window.Create())
+    std::unique_ptr<PmDocking> docking;
+    if (options.dockPos)
+        docking = std::make_unique<PmDocking>(window, options.dockPos);
+    if (!(docking ? docking->Create() : window.Create()))
         return kExitNegative;
     fprintf(stderr, "tqm pm: standing in for the project manager (window %s); Ctrl+C ends\n",
             WindowText(window.Window()).c_str());

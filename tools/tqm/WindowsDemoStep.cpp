@@ -3,6 +3,7 @@
 // beside a stand-in project manager; where a display shows them, a picture
 // of the docked pair is saved beside the demo files.
 #include "tools/tqm/Demo.h"
+#include "tools/tqm/DockedWindow.h"
 
 #include "framework/Handles.h"
 #include "framework/WinApp.h"
@@ -19,46 +20,7 @@ namespace tqmtool {
 namespace {
 
 const char kDemoClass[] = "TqmDemoWindow";
-
-// A plain top-level window of the demo's class; its messages go to pDocking
-// (a manager or a client) when one is given.
-template <typename Docking>
-LRESULT CALLBACK dockedProc(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam)
-{
-    auto* pDocking = reinterpret_cast<Docking*>(GetWindowLongPtrA(hWnd, GWLP_USERDATA));
-    LRESULT result = 0;
-    if (pDocking && pDocking->HandleWindowMessage(message, wParam, lParam, &result))
-        return result;
-    if (message == WM_PAINT) {
-        // The title in the middle, so that the picture says which is which
-        // even where no window frames are drawn.
-        PAINTSTRUCT paint;
-        HDC hdc = BeginPaint(hWnd, &paint);
-        char title[64] = "";
-        GetWindowTextA(hWnd, title, sizeof(title));
-        RECT client;
-        GetClientRect(hWnd, &client);
-        DrawTextA(hdc, title, -1, &client, DT_CENTER | DT_VCENTER | DT_SINGLELINE);
-        EndPaint(hWnd, &paint);
-        return 0;
-    }
-    return DefWindowProcA(hWnd, message, wParam, lParam);
-}
-
-HWND makeWindow(const char* className, WNDPROC proc, const char* title, void* pDocking)
-{
-    WNDCLASSA wc = {};
-    wc.lpfnWndProc = proc;
-    wc.hInstance = GetModuleHandleA(nullptr);
-    wc.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_WINDOW + 1);
-    wc.lpszClassName = className;
-    RegisterClassA(&wc);
-    HWND hWnd = CreateWindowA(className, title, WS_OVERLAPPEDWINDOW, 100, 100, 600, 400, nullptr, nullptr,
-                              wc.hInstance, nullptr);
-    SetWindowLongPtrA(hWnd, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(pDocking));
-    ShowWindow(hWnd, SW_SHOWNORMAL);
-    return hWnd;
-}
+const RECT kDemoRect{100, 100, 700, 500};
 
 std::string rectText(HWND hWnd)
 {
@@ -71,7 +33,7 @@ std::string rectText(HWND hWnd)
 
 void showPlacement()
 {
-    HWND hWnd = makeWindow(kDemoClass, DefWindowProcA, "tqm demo", nullptr);
+    HWND hWnd = CreateDockedWindow(kDemoClass, DefWindowProcA, "tqm demo", kDemoRect, nullptr);
     CWnd wnd;
     wnd.Attach(hWnd);
     MoveWindow(hWnd, 120, 80, 600, 400, TRUE);
@@ -138,15 +100,15 @@ bool saveScreenPicture(const std::string& path, const RECT& area)
 
 void showDocking(const std::string& demoDir)
 {
-    if (FindWindowA(TARN_PROJECT_MANAGER_CLASS, nullptr)) {
+    if (FindWindowA(TARN_PROJECT_MANAGER_WINDOW_CLASS, nullptr)) {
         printf("A project manager runs on this desktop; the docking part is left out so as not to disturb it.\n");
         return;
     }
     CDesktopDockingManager manager;
     CDesktopDockingClient client;
-    HWND hManager = makeWindow(TARN_PROJECT_MANAGER_CLASS, dockedProc<CDesktopDockingManager>,
-                               "Project manager (stand-in)", &manager);
-    HWND hClient = makeWindow("TqmDemoClient", dockedProc<CDesktopDockingClient>, "Editor", &client);
+    HWND hManager =
+        CreateDockedWindow(TARN_PROJECT_MANAGER_WINDOW_CLASS, "Project manager (stand-in)", kDemoRect, &manager);
+    HWND hClient = CreateDockedWindow("TqmDemoClient", "Editor", kDemoRect, &client);
     CWnd managerWnd, clientWnd;
     managerWnd.Attach(hManager);
     clientWnd.Attach(hClient);
@@ -180,9 +142,13 @@ void showDocking(const std::string& demoDir)
 
 bool windowsStep(const std::string& demoDir)
 {
-    // The demo's own application profile, an INI file beside the demo files.
+    // The demo's own application profile, an INI file beside the demo files,
+    // started afresh: the manager's placement saved by an earlier run would
+    // otherwise be where it starts.
+    const std::string profile = demoDir + "\\tqm-demo-windows.ini";
+    DeleteFileA(profile.c_str());
     CWinApp app("tqm demo");
-    app.SetProfileFile((demoDir + "\\tqm-demo-windows.ini").c_str());
+    app.SetProfileFile(profile.c_str());
     showPlacement();
     showDocking(demoDir);
     return true;
