@@ -4,6 +4,10 @@
 #   NAME@N            stdcall with N bytes of arguments on i686: exported undecorated
 #   NAME              caller-pops: exported as it is
 #   NAME@N decorated  stdcall exported under its decorated name on i686
+#   ... c++           takes or returns the framework's C++ types (CString,
+#                     CStringArray), so it is declared in its C++ header only;
+#                     every other plain function is declared in the C header
+#                     include/Tqmlib52.h as well (the "cheader" test checks it)
 # From these lists the build writes the module-definition file. On i686 it
 # also remakes the import library, so that programs calling NAME@N bind to the
 # undecorated export. The same lists are the export check's contract.

@@ -13,11 +13,15 @@
 
 #include "framework/Export.h"
 
+// Defined in Tqmlib52.h as well, for C programs: whichever comes first.
+#ifndef TQM_IDTABLE_DEFINED
+#define TQM_IDTABLE_DEFINED
 typedef struct tagIDTABLE
 {
     const char* pszName;  // NULL closes the table
     int nID;              // in the closing pair: the default id
 } IDTABLE;
+#endif
 
 // The id of name (compared with lstrcmpA, case-sensitive), or the default id.
 extern "C" TQM_CAPI int WINAPI StringToID(const IDTABLE* table, const char* name);
