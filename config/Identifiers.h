@@ -13,9 +13,10 @@
 
 #include "framework/Export.h"
 
-// Defined in Tqmlib52.h as well, for C programs: whichever comes first.
+// Tqmlib52.h defines the pair too, for C programs: whichever comes first does.
 #ifndef TQM_IDTABLE_DEFINED
 #define TQM_IDTABLE_DEFINED
+// One pair of a table: a name and its id.
 typedef struct tagIDTABLE
 {
     const char* pszName;  // NULL closes the table

@@ -34,6 +34,7 @@
 class CStdioFile;
 struct CTQMIniFileStorage;
 
+// An INI document: sections of name=value entries, read, edited and written back.
 class TQM_CLASS CTQMIniFile
 {
 public:

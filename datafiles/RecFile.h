@@ -46,6 +46,7 @@ namespace tqm {
 class RecFileIo;
 }
 
+// A typed, checksummed record file, written and read one record after the other.
 class TQM_CLASS CRecFile
 {
 public:

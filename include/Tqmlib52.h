@@ -30,10 +30,10 @@ typedef bool TQMBOOL8;
 typedef unsigned char TQMBOOL8;
 #endif
 
-/* One pair of an identifier table; the pair whose name is NULL closes the
-   table and holds its default id. */
 #ifndef TQM_IDTABLE_DEFINED
 #define TQM_IDTABLE_DEFINED
+/* One pair of an identifier table; the pair whose name is NULL closes the
+   table and holds its default id. */
 typedef struct tagIDTABLE
 {
     const char* pszName;
@@ -46,10 +46,10 @@ typedef int(CALLBACK* TQMMESSAGEBOXHOOK)(HWND hWndOwner, const char* pszText, co
                                          void* pContext);
 
 /* Flags of TarnVerbose: severity (top four bits) and destination (next four). */
-#define TARN_VERBOSE_ERROR 0x10000000
-#define TARN_VERBOSE_WARNING 0x20000000
-#define TARN_VERBOSE_TO_VMX 0x01000000
-#define TARN_VERBOSE_NO_THREAD 0x02000000
+#define TARN_VERBOSE_ERROR 0x10000000     /* prefix "Error: " */
+#define TARN_VERBOSE_WARNING 0x20000000   /* prefix "Warning: " */
+#define TARN_VERBOSE_TO_VMX 0x01000000    /* to the project manager, no thread number */
+#define TARN_VERBOSE_NO_THREAD 0x02000000 /* to the trace viewer, no thread number */
 
 #ifdef __cplusplus
 extern "C" {

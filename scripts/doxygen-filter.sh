@@ -4,8 +4,12 @@
 # them) and hands Doxygen the same text with those comments as documentation.
 #   - the comment that opens the file becomes the file's description, placed
 #     in its subsystem's group (the folder name: config, paths, ...);
-#   - a comment on lines of its own documents what follows it;
-#   - a // comment after code on the same line documents that line's member;
+#   - a comment on lines of its own documents what follows it, unless a blank
+#     line follows it (a heading);
+#   - a // comment after code on the same line (and the comment lines
+#     right under it) documents that line's member;
+#   - a comment over several forms of one function (overloads, or a run of
+#     operators, up to the next blank line) documents each of them;
 #   - comment lines indented by two spaces or more (examples, tables) stay as they are;
 #   - Doxygen's special characters inside comments are escaped, so that
 #     paths such as Software\Tarn-Holmvik and tags such as <$LibsDir> show as
@@ -16,6 +20,17 @@ group=$(basename "$(dirname "$file")")
 [ "$group" = include ] && group=capi
 
 awk -v group="$group" '
+# Output is kept until the end, so that a comment followed by several forms
+# of one function (a buffer form and its CString overload, the forms of one
+# member) can make them one member group: Doxygen then gives every form the
+# comment.
+function put(line) { out[++n] = line }
+function finish_chunk() {
+    if (chunk && declarations >= 2 && !unbalanced && !mixed && name != "") {
+        group_open[first] = indent; group_close[last] = indent
+    }
+    chunk = 0; commenting = 0
+}
 function escape(text) {
     gsub(/\\/, "\\\\\\\\", text)
     gsub(/[@<>&#%$]/, "\\\\&", text)
@@ -24,12 +39,12 @@ function escape(text) {
 # One line of a comment after its lead (/// or " * "): indented lines are
 # kept verbatim, the rest escaped.
 function emit(lead, text) {
-    if (text ~ /^  / && !verbatim) { print lead "\\verbatim"; verbatim = 1 }
-    if (text !~ /^  / && verbatim) { print lead "\\endverbatim"; verbatim = 0 }
-    print lead (verbatim ? text : escape(text))
+    if (text ~ /^  / && !verbatim) { put(lead "\\verbatim"); verbatim = 1 }
+    if (text !~ /^  / && verbatim) { put(lead "\\endverbatim"); verbatim = 0 }
+    put(lead (verbatim ? text : escape(text)))
 }
 function end_verbatim(lead) {
-    if (verbatim) { print lead "\\endverbatim"; verbatim = 0 }
+    if (verbatim) { put(lead "\\endverbatim"); verbatim = 0 }
 }
 # Position of a // that starts a comment (not inside a string), or 0.
 function comment_start(line,    i, c, quoted) {
@@ -42,7 +57,7 @@ function comment_start(line,    i, c, quoted) {
     return 0
 }
 function open_file_doc() {
-    print "/** \\file"; print " *  \\ingroup " group
+    put("/** \\file"); put(" *  \\ingroup " group)
 }
 BEGIN { state = "banner" }
 
@@ -58,7 +73,7 @@ state == "banner" && /^\/\*/ {
     next
 }
 state == "banner" {
-    if (opened) { end_verbatim(" *  "); print " */" }
+    if (opened) { end_verbatim(" *  "); put(" */") }
     state = "body"
 }
 
@@ -67,38 +82,94 @@ state == "block" {
     if ($0 ~ /\*\//) {
         text = $0; sub(/[ \t]*\*\/.*/, "", text); sub(/^[ \t]*\*? ?/, "", text)
         if (text != "") emit(" *  ", text)
-        end_verbatim(" *  "); print " */"; state = "body"; next
+        end_verbatim(" *  "); put(" */"); state = "body"; next
     }
     text = $0; sub(/^[ \t]*\*? ?/, "", text); emit(" *  ", text)
     next
 }
 /^[ \t]*\/\*/ && !/\*\// {
     text = $0; sub(/^[ \t]*\/\* ?/, "", text)
-    print "/**"; if (text != "") emit(" *  ", text); state = "block"
+    put("/**"); if (text != "") emit(" *  ", text); state = "block"
     next
 }
 /^[ \t]*\/\*.*\*\/[ \t]*$/ {
     indent = $0; sub(/\/\*.*/, "", indent)
     text = $0; sub(/^[ \t]*\/\* ?/, "", text); sub(/ ?\*\/[ \t]*$/, "", text)
-    print indent "/** " escape(text) " */"
+    put(indent "/** " escape(text) " */"); single = n
     next
 }
 
 # Comments on lines of their own, and after code.
-/^[ \t]*\/\/ ?/ {
-    lead = $0; sub(/\/\/.*/, "", lead); lead = lead "/// "
-    text = $0; sub(/^[ \t]*\/\/ ?/, "", text); emit(lead, text)
+/^[ \t]*\/\/ ?/ && trailing {
+    text = $0; sub(/^[ \t]*\/\/ ?/, "", text)
+    lead = $0; sub(/\/\/.*/, "", lead)
+    put(lead "///< " escape(text))
     next
+}
+/^[ \t]*\/\/ ?/ {
+    if (!commenting) {
+        finish_chunk()
+        commenting = 1; first = n + 1
+        indent = $0; sub(/\/\/.*/, "", indent)
+    }
+    lead = indent "/// "
+    text = $0; sub(/^[ \t]*\/\/ ?/, "", text)
+    # A short first line without a full stop over a longer comment is the
+    # heading of a section ("Operations on the file"), not part of the text.
+    if (n == first && heading) { sub(/\/\/\/ ?/, "// ", out[n]); first = n + 1 }
+    heading = (n + 1 == first && text ~ /^[A-Z][A-Za-z ,\x27-]*$/ && length(text) < 40)
+    emit(lead, text)
+    next
+}
+/^[ \t]*$/ && (commenting || single == n) {
+    # A comment with a blank line under it documents nothing: a heading.
+    end_verbatim(lead)
+    if (commenting) for (i = first; i <= n; i++) sub(/\/\/\/ ?/, "// ", out[i])
+    else sub(/\/\*\* /, "/* ", out[n])
+    commenting = 0
+}
+/^[ \t]*$/ || /^[ \t]*#/ || /^[ \t]*(public|protected|private):/ {
+    end_verbatim(lead); finish_chunk(); trailing = 0
+    if ($0 !~ /^[ \t]*#/) { put($0); next }
 }
 {
     end_verbatim(lead)
-    at = comment_start($0)
-    if (at > 1 && substr($0, 1, at - 1) ~ /[^ \t]/) {
-        text = substr($0, at + 2); sub(/^ +/, "", text)
-        print substr($0, 1, at - 1) "///< " escape(text)
-        next
+    if (commenting) { commenting = 0; chunk = 1; declarations = 0; depth = 0; unbalanced = 0; name = ""; mixed = 0 }
+    line = $0
+    if (chunk && depth == 0 && match(line, /operator[^(]*\(|[A-Za-z_~][A-Za-z0-9_]*[ \t]*\(/)) {
+        declared = substr(line, RSTART, RLENGTH); sub(/[ \t]*\($/, "", declared)
+        if (declared ~ /^operator/) declared = "operator"
+        if (name == "") name = declared
+        else if (declared != name) mixed = 1
     }
-    print
+    at = comment_start(line)
+    if (at > 1 && substr(line, 1, at - 1) ~ /[^ \t]/) {
+        text = substr(line, at + 2); sub(/^ +/, "", text)
+        line = substr(line, 1, at - 1)
+        put(line "///< " escape(text))
+        trailing = 1
+    } else if (match(line, /[^ \t][ \t]*\/\*.*\*\/[ \t]*$/)) {
+        text = substr(line, RSTART + 1); sub(/^[ \t]*\/\* ?/, "", text); sub(/ ?\*\/[ \t]*$/, "", text)
+        put(substr(line, 1, RSTART) " /**< " escape(text) " */")
+        trailing = 0
+    } else {
+        put(line)
+        trailing = 0
+    }
+    if (chunk) {
+        opens = gsub(/\{/, "{", line); closes = gsub(/\}/, "}", line)
+        depth += opens - closes
+        if (depth != 0) unbalanced = 1
+        if (depth == 0 && line ~ /[;}][ \t]*$/) { declarations++; last = n }
+    }
 }
-END { if (opened && state == "banner") { end_verbatim(" *  "); print " */" } }
+END {
+    if (opened && state == "banner") { end_verbatim(" *  "); put(" */") }
+    finish_chunk()
+    for (i = 1; i <= n; i++) {
+        if (i in group_open) print group_open[i] "///@{"
+        print out[i]
+        if (i in group_close) print group_close[i] "///@}"
+    }
+}
 ' "$file"
