@@ -5,7 +5,8 @@
 #   - the comment that opens the file becomes the file's description, placed
 #     in its subsystem's group (the folder name: config, paths, ...);
 #   - a comment on lines of its own documents what follows it, unless a blank
-#     line follows it (a heading);
+#     line follows it, or it is a short first line without a full stop over
+#     more comment (both are section headings);
 #   - a // comment after code on the same line (and the comment lines
 #     right under it) documents that line's member;
 #   - a comment over several forms of one function (overloads, or a run of
