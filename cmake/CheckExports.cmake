@@ -1,8 +1,9 @@
 cmake_minimum_required(VERSION 3.20)
 # Checks the built DLL against the export lists:
 #  - every listed plain function is in the export table, under the name its
-#    calling convention gives it (undecorated stdcall, or decorated where the
-#    list says so);
+#    calling convention gives it (undecorated stdcall, or where the list
+#    says "decorated" the name Microsoft's compiler gives a stdcall function
+#    on i686, _NAME@N, which the suite's programs import);
 #  - no stdcall function leaks out under its decorated name by accident;
 #  - the DLL and the programs import nothing but system DLLs.
 # Arguments: OBJDUMP, ARCH, DLL, PROGRAMS (;-list), ENTRIES (,-list of NAME[:flag]).
@@ -17,7 +18,7 @@ foreach(entry IN LISTS entries)
   list(GET fields 0 sym)
   string(REGEX REPLACE "@[0-9]+$" "" plain "${sym}")
   if(ARCH STREQUAL "i686" AND "decorated" IN_LIST fields)
-    set(name "${sym}")
+    set(name "_${sym}")
   else()
     set(name "${plain}")
   endif()

@@ -3,7 +3,7 @@ cmake_minimum_required(VERSION 3.20)
 # lists can be imported through it the way Microsoft's compiler refers to it
 # (_NAME@N for stdcall and _NAME for caller-pops on i686, NAME on x86_64), and
 # that the member resolves to the name the DLL really exports: the plain name,
-# or the decorated one for a function exported under it.
+# or Microsoft's decorated one (_NAME@N) for a function exported under it.
 # The export name follows from the member's symbol and name type:
 #   name        the symbol as it is
 #   noprefix    without its leading ?, @ or _
@@ -56,7 +56,7 @@ foreach(entry IN LISTS entries)
   endif()
   set(name "${imports_${symbol}}")
   if("decorated" IN_LIST fields AND ARCH STREQUAL "i686")
-    set(wanted "^_?${sym}$")   # the DLL's export decides between the two
+    set(wanted "^_${sym}$")
   else()
     set(wanted "^${plain}$")
   endif()

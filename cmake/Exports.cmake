@@ -3,7 +3,9 @@
 # Each folder lists its plain functions in <topic>.exports files, one per line:
 #   NAME@N            stdcall with N bytes of arguments on i686: exported undecorated
 #   NAME              caller-pops: exported as it is
-#   NAME@N decorated  stdcall exported under its decorated name on i686
+#   NAME@N decorated  stdcall exported on i686 under the name Microsoft's
+#                     compiler gives it, _NAME@N: the name that programs
+#                     built with that compiler import
 #   ... c++           takes or returns the framework's C++ types (CString,
 #                     CStringArray), so it is declared in its C++ header only;
 #                     every other plain function is declared in the C header
@@ -42,7 +44,9 @@ function(tqm_attach_exports target)
     string(REGEX REPLACE "@[0-9]+$" "" plain "${sym}")
     if(NOT TQM_ARCH STREQUAL "i686")
       string(APPEND def "    ${plain}\n")
-    elseif("decorated" IN_LIST fields OR sym STREQUAL plain)
+    elseif("decorated" IN_LIST fields)
+      string(APPEND def "    _${sym} = ${sym}\n")
+    elseif(sym STREQUAL plain)
       string(APPEND def "    ${sym}\n")
     else()
       string(APPEND def "    ${plain} = ${sym}\n")

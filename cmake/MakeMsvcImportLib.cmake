@@ -8,12 +8,12 @@ cmake_minimum_required(VERSION 3.21)
 #   "NAME = NAME@N"  undecorated stdcall export: llvm-dlltool -k gives the
 #                    member the symbol _NAME@N and the name type "undecorate";
 #   "NAME"           caller-pops (or any name on x86_64): the name as it is;
-#   "[_]NAME@N ..."  an export under its decorated name. Without the leading
-#                    underscore llvm-dlltool makes it ("noprefix": _NAME@N
-#                    imports NAME@N); with it, only lld-link's import-library
-#                    mode gives the member the name type "name" (_NAME@N
-#                    imports _NAME@N, as Microsoft's own tools do). Those
-#                    members are made on their own and merged in with llvm-lib.
+#   "_NAME@N = ..."  an export under Microsoft's decorated name: only
+#                    lld-link's import-library mode gives the member the name
+#                    type "name" (_NAME@N imports _NAME@N, as Microsoft's own
+#                    tools make it); llvm-dlltool would add a second
+#                    underscore. Those members are made on their own and
+#                    merged in with llvm-lib.
 # Arguments: DEF, LIB, ARCH, WORK (a scratch folder), DLLTOOL, LLVM_AR,
 # LLVM_LIB, LLD_LINK.
 
@@ -24,16 +24,15 @@ function(run)
   endif()
 endfunction()
 
-# The import members (after the three descriptor members every import library
-# starts with) of an import library that the command after def_text makes
-# from def_text into <folder>/members.lib, as files in folder. "@DEF@" in the
-# command stands for the .def file.
-function(import_members out_files folder def_text)
+# The import members of an import library that lld-link makes from def_text
+# (those after the three descriptor members every import library starts
+# with), as files in folder.
+function(lld_import_members out_files folder def_text)
   file(REMOVE_RECURSE ${folder})
   file(MAKE_DIRECTORY ${folder})
   file(WRITE ${folder}/members.def "LIBRARY Tqmlib52.dll\nEXPORTS\n${def_text}")
-  list(TRANSFORM ARGN REPLACE "@DEF@" "${folder}/members.def")
-  run(${ARGN})
+  run(${LLD_LINK} /machine:${lld_machine} /def:${folder}/members.def /out:${folder}/Tqmlib52.dll
+      /implib:${folder}/members.lib)
   string(REGEX MATCHALL "\n" lines "${def_text}")
   list(LENGTH lines count)
   set(files "")
@@ -60,8 +59,7 @@ endif()
 
 file(STRINGS ${DEF} lines)
 set(plain "")
-set(prefixed "")
-set(unprefixed "")
+set(decorated "")
 foreach(line IN LISTS lines)
   if(NOT line MATCHES "^[ \t]+([^ \t=]+)([ \t]*=[ \t]*([^ \t]+))?")
     continue()  # LIBRARY and EXPORTS
@@ -71,10 +69,8 @@ foreach(line IN LISTS lines)
   if(NOT symbol)
     set(symbol "${export}")
   endif()
-  if(ARCH STREQUAL "i686" AND export MATCHES "^_.*@")
-    string(APPEND prefixed "    ${export}\n")
-  elseif(ARCH STREQUAL "i686" AND export MATCHES "@")
-    string(APPEND unprefixed "    ${export}\n")
+  if(ARCH STREQUAL "i686" AND export MATCHES "@")
+    string(APPEND decorated "    ${export}\n")
   else()
     string(APPEND plain "    ${symbol}\n")
   endif()
@@ -86,16 +82,8 @@ file(WRITE ${WORK}/plain.def "LIBRARY Tqmlib52.dll\nEXPORTS\n${plain}")
 run(${DLLTOOL} -m ${machine} -k -d ${WORK}/plain.def -l ${WORK}/plain.lib)
 
 set(extra "")
-if(unprefixed)
-  import_members(files ${WORK}/unprefixed "${unprefixed}"
-                 ${DLLTOOL} -m ${machine} -l ${WORK}/unprefixed/members.lib -d @DEF@)
-  list(APPEND extra ${files})
-endif()
-if(prefixed)
-  import_members(files ${WORK}/prefixed "${prefixed}"
-                 ${LLD_LINK} /machine:${lld_machine} /out:${WORK}/prefixed/Tqmlib52.dll
-                 /implib:${WORK}/prefixed/members.lib /def:@DEF@)
-  list(APPEND extra ${files})
+if(decorated)
+  lld_import_members(extra ${WORK}/decorated "${decorated}")
 endif()
 # Merged one by one inside one folder, so that every member keeps the name
 # Tqmlib52.dll: GNU ld orders the import sections by member name, and a

@@ -17,7 +17,7 @@
 function(tqm_public_headers out_headers)
   set(root ${PROJECT_SOURCE_DIR})
   file(GLOB candidates RELATIVE ${root} CONFIGURE_DEPENDS ${root}/*/*.h)
-  list(FILTER candidates EXCLUDE REGEX "^(build|tests|tools|bench|examples|include)/")
+  list(FILTER candidates EXCLUDE REGEX "^(build|tests|tools|bench|fuzz|examples|include)/")
 
   set(exporting "")
   foreach(header IN LISTS candidates)

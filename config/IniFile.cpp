@@ -5,17 +5,19 @@
 // that runs out of memory parks the exception for the inline wrapper.
 #include "config/IniFile.h"
 
+#include "framework/FileBytes.h"
 #include "config/FileReplacement.h"
 #include "config/IniSystemFold.h"
 #include "config/logic/IniLineGrammar.h"
 #include "config/logic/IniNameIndex.h"
+#include "config/logic/IniText.h"
 #include "config/logic/RecordPool.h"
-#include "framework/StdioFile.h"
 
 #include <stdint.h>
 #include <string.h>
 
 #include <new>
+#include <string>
 #include <unordered_map>
 #include <utility>
 
@@ -276,63 +278,40 @@ int CTQMIniFile::Read(const char* pszPath)
     clearContents(true);
     if (!pszPath)
         return 0;
-    CStdioFile file;
-    if (!file.Open(pszPath, CStdioFile::modeRead | CStdioFile::typeText))
-        return 0;
     return failSafe(0, [&] {
+        tqm::FileView text;
+        if (!text.Open(pszPath))
+            return 0;
         m_pSections = new CPtrArray;
         m_pCurEntries = nullptr;
-        int nResult = readLines(file);
-        file.Close();
+        int nResult = readText(text.data(), text.size());
+        finishReadSection();
         return nResult;
     });
 }
 
-int CTQMIniFile::readLines(CStdioFile& file)
+int CTQMIniFile::readText(const char* pData, size_t nSize)
 {
-    int nResult = readLinesInto(file);
-    finishReadSection();
-    return nResult;
-}
-
-int CTQMIniFile::readLinesInto(CStdioFile& file)
-{
-    using namespace tqm::ini;
+    // Takes what the text holds into the document.
+    struct Builder : tqm::ini::IniTextHandler
+    {
+        explicit Builder(CTQMIniFile& doc) : doc(doc) {}
+        void OnComment(const char* pszLine, size_t nLength) override
+        {
+            doc.m_strFileComment.Append(pszLine, static_cast<int>(nLength));
+        }
+        void OnSection(const char* pszName) override
+        {
+            doc.finishReadSection();
+            doc.appendSection(pszName);
+        }
+        void OnEntry(const char* pszName, const char* pszValue) override { doc.storeReadEntry(pszName, pszValue); }
+        CTQMIniFile& doc;
+    } builder(*this);
     storage().reading.Clear();
-    bool bHeadComment = true;
-    char line[kLineBufferSize];
-    while (file.ReadString(line, sizeof(line))) {
-        ++m_nLine;
-        char* p = skipwhite(line);
-        LineKind kind = ClassifyLine(p, Reader::Document);
-        if (kind == LineKind::Comment) {
-            if (bHeadComment)
-                m_strFileComment += line;  // the raw line, leading blanks and line end included
-            continue;
-        }
-        // The head comment ends at the first other line, an empty one included.
-        bHeadComment = false;
-        if (kind == LineKind::Empty)
-            continue;
-
-        if (kind == LineKind::Header) {
-            if (char* pszName = ParseHeaderName(p)) {
-                finishReadSection();
-                appendSection(pszName);
-            } else if (!m_bTolerant) {
-                return 0;
-            }
-            continue;
-        }
-
-        char* pszName = nullptr;
-        char* pszValue = nullptr;
-        if (m_pCurEntries && ParseEntryLine(p, &pszName, &pszValue) == EntryParse::Ok)
-            storeReadEntry(pszName, pszValue);
-        else if (!m_bTolerant)
-            return 0;  // an entry before the first header, without "=", or without a name
-    }
-    return 1;
+    tqm::ini::IniTextResult result = tqm::ini::ParseIniText(pData, nSize, m_bTolerant != FALSE, builder);
+    m_nLine = result.lastLine;
+    return result.ok ? 1 : 0;
 }
 
 // --- Writing -----------------------------------------------------------------
@@ -342,38 +321,20 @@ int CTQMIniFile::Write(const char* pszPath)
     if (!pszPath || !*pszPath)
         return 0;
     return failSafe(0, [&] {
-        tqm::FileReplacement target(pszPath);
-        if (!target.Begin())
-            return 0;
-        CStdioFile file;
-        if (!file.Open(target.TempPath(), CStdioFile::modeCreate | CStdioFile::modeWrite | CStdioFile::typeText))
-            return 0;
-
-        if (!m_strFileComment.IsEmpty()) {
-            file.WriteString(m_strFileComment);
-            file.WriteString("\n");
-        }
-        // Each line is formatted by wsprintfA, whose output stops at 1024
-        // characters with the NUL: a longer entry line is cut there and loses
-        // its line end. The limit is kept deliberately; files written by the
-        // suite have always had it.
-        char line[1024];
+        tqm::ini::IniTextWriter text;
+        text.Comment(m_strFileComment);
         int nSections = m_pSections ? m_pSections->GetSize() : 0;  // never filled: the comment alone
         for (int s = 0; s < nSections; ++s) {
             void* pSection = m_pSections->GetAt(s);
-            wsprintfA(line, "[%s]\n", sectionNameOf(pSection));
-            line[sizeof(line) - 1] = '\0';
-            file.WriteString(line);
+            text.Section(sectionNameOf(pSection));
             const CPtrArray& entries = *entriesOf(pSection);
-            for (int e = 0; e < entries.GetSize(); ++e) {
-                void* pEntry = entries.GetAt(e);
-                wsprintfA(line, "%s=%s\n", entryNameOf(pEntry), entryValueOf(pEntry));
-                line[sizeof(line) - 1] = '\0';
-                file.WriteString(line);
-            }
-            file.WriteString("\n");
+            for (int e = 0; e < entries.GetSize(); ++e)
+                text.Entry(entryNameOf(entries.GetAt(e)), entryValueOf(entries.GetAt(e)));
+            text.EndSection();
         }
-        file.Close();
+        tqm::FileReplacement target(pszPath);
+        if (!target.Begin() || !tqm::WriteFileBytes(target.TempPath(), text.Bytes()))
+            return 0;
         return target.Commit() ? 1 : 0;
     });
 }

@@ -31,7 +31,6 @@
 #include "framework/DeferredException.h"
 #include "framework/Export.h"
 
-class CStdioFile;
 struct CTQMIniFileStorage;
 
 // An INI document: sections of name=value entries, read, edited and written back.
@@ -212,8 +211,7 @@ private:
     int putEntry(int nFound, const char* pszName, const char* pszValue);
     void storeReadEntry(const char* pszName, const char* pszValue);
     void finishReadSection();
-    int readLines(CStdioFile& file);
-    int readLinesInto(CStdioFile& file);
+    int readText(const char* pData, size_t nSize);
 
     // Deep copy; FALSE with a parked exception when memory ran out.
     BOOL copyFrom(const CTQMIniFile& src);

@@ -15,5 +15,6 @@ extern "C" TQM_CAPI char WINAPI TQMToUpper(unsigned char c);
 
 // < 0, 0 or > 0: names compared without regard to case, embedded numbers by
 // value (X9 before X10, a1b equal to a01b), "_" before every other
-// character (A_B before AB).
+// character (A_B before AB). Numbers that differ give their difference, held
+// to the range of int, so the sign always follows the numbers.
 extern "C" TQM_CAPI int WINAPI TQMSymCmp(const char* a, const char* b);

@@ -2,14 +2,11 @@
 // attributes of the open file.
 #include "datafiles/RecFile.h"
 
-#include "datafiles/RecFileIo.h"
+#include "datafiles/RecFileAccess.h"
 #include "datafiles/logic/RecordChecksum.h"
 #include "datafiles/logic/RecordDescriptor.h"
-#include "datafiles/logic/RecordHeader.h"
 
 #include <string.h>
-
-#include <string>
 
 namespace {
 
@@ -24,23 +21,11 @@ enum Mode
     kModeWrite = 2
 };
 
-enum RecState
-{
-    kNoPosition = 0,
-    kAtBoundary = 1
-};
-
-// The code a failure reports: the system's, or the given one when the
-// failure had no system call behind it.
-DWORD failureCode(DWORD dwWithoutSystemCode)
-{
-    DWORD dwError = ::GetLastError();
-    return dwError ? dwError : dwWithoutSystemCode;
-}
+constexpr int kNoPosition = 0;
 
 }  // namespace
 
-CRecFile::CRecFile(BOOL bThrow) : m_bThrow(bThrow), m_hFile(INVALID_HANDLE_VALUE), m_pIo(nullptr)
+CRecFile::CRecFile(BOOL bThrow) : m_bThrow(bThrow), m_hFile(INVALID_HANDLE_VALUE), m_pAccess(nullptr)
 {
     clearData();
 }
@@ -55,6 +40,11 @@ CRecFile::~CRecFile()
 
 void CRecFile::resetSeek()
 {
+    if (m_pAccess) {
+        m_pAccess->core->ResetSeek();
+        mirror();
+        return;
+    }
     memset(&m_RecHdr, 0, sizeof(m_RecHdr));
     m_nRecState = kNoPosition;
     m_dwNextRecPos = 0;
@@ -110,11 +100,10 @@ BOOL CRecFile::error(DWORD dwError)
 
 BOOL CRecFile::attachFile(HANDLE hFile)
 {
-    m_pIo = tqm::RecFileIo::Attach(hFile);
-    if (!m_pIo) {
-        DWORD dwError = ::GetLastError();
+    m_pAccess = CRecFileAccess::Attach(hFile);
+    if (!m_pAccess) {
         ::CloseHandle(hFile);
-        ::SetLastError(dwError);
+        ::SetLastError(ERROR_NOT_ENOUGH_MEMORY);
         return FALSE;
     }
     m_hFile = hFile;
@@ -126,24 +115,50 @@ BOOL CRecFile::attachFile(HANDLE hFile)
 // FALSE, with the system's code as the last error, when that or closing failed.
 BOOL CRecFile::releaseFile(bool bWritePending)
 {
-    BOOL bOk = TRUE;
     DWORD dwError = 0;
-    if (m_pIo) {
-        if (bWritePending && !m_pIo->flush()) {
-            bOk = FALSE;
-            dwError = ::GetLastError();
-        }
-        delete m_pIo;
-        m_pIo = nullptr;
+    if (m_pAccess) {
+        if (bWritePending)
+            dwError = m_pAccess->core->Flush();
+        delete m_pAccess;
+        m_pAccess = nullptr;
     }
-    if (m_hFile != INVALID_HANDLE_VALUE && !::CloseHandle(m_hFile) && bOk) {
-        bOk = FALSE;
+    if (m_hFile != INVALID_HANDLE_VALUE && !::CloseHandle(m_hFile) && !dwError)
         dwError = ::GetLastError();
-    }
     m_hFile = INVALID_HANDLE_VALUE;
-    if (!bOk)
+    if (dwError)
         ::SetLastError(dwError);
-    return bOk;
+    return dwError == 0;
+}
+
+void CRecFile::mirror()
+{
+    const tqm::RecordFileCore& core = *m_pAccess->core;
+    m_nMode = core.mode;
+    m_nRecState = core.recState;
+    m_dwFirstRecPos = core.firstRecPos;
+    m_dwNextRecPos = core.nextRecPos;
+    m_dwFileSize = core.fileSize;
+    m_RecHdr = {core.header.magic, core.header.type, core.header.param, core.header.length, core.header.checksum};
+    m_dwFileType = core.fileType;
+    m_dwVersion = core.version;
+    m_dwRunningSum = core.runningSum;
+    m_dwDataDone = core.dataDone;
+    m_dwRecStartPos = core.recStartPos;
+}
+
+BOOL CRecFile::outcome(DWORD dwCode)
+{
+    if (m_pAccess)
+        mirror();
+    if (dwCode == 0)
+        return TRUE;
+    if (dwCode == tqm::RecordFileCore::kEndOfRecords) {
+        // Whatever last-error code the thread holds now makes the end a
+        // failure: deliberate, callers clear the code before they read on to
+        // the end and rely on it either way.
+        return ::GetLastError() != 0 ? error(kSystemError) : FALSE;
+    }
+    return error(dwCode);
 }
 
 BOOL CRecFile::getFullPath(const char* pszPath)
@@ -167,20 +182,13 @@ BOOL CRecFile::getFullPath(const char* pszPath)
 
 BOOL CRecFile::seek(DWORD dwPos, DWORD dwMethod)
 {
-    if (dwPos == kUnknown)
+    if (!m_pAccess)
         return error(ERROR_INVALID_FUNCTION);
-    resetSeek();
-    bool bOk = false;
     if (dwMethod == FILE_BEGIN)
-        bOk = m_pIo->seek(dwPos);
-    else if (dwMethod == FILE_END)
-        bOk = m_pIo->seekFromEnd(static_cast<LONG>(dwPos));
-    else
-        return error(ERROR_INVALID_FUNCTION);
-    if (!bOk)
-        return error(kSystemError);
-    m_nRecState = kAtBoundary;
-    return TRUE;
+        return outcome(m_pAccess->core->Seek(dwPos));
+    if (dwMethod == FILE_END)
+        return outcome(m_pAccess->core->SeekFromEnd(static_cast<LONG>(dwPos)));
+    return error(ERROR_INVALID_FUNCTION);
 }
 
 // ---- creating ----------------------------------------------------------
@@ -197,47 +205,23 @@ BOOL CRecFile::create(const char* pszPath, DWORD dwFileType, DWORD dwVersion, co
                                  FILE_ATTRIBUTE_NORMAL, nullptr);
     if (hFile == INVALID_HANDLE_VALUE || !attachFile(hFile))
         return error(kSystemError);
-    // CreateFile leaves "already exists" behind when it truncated a file; a
-    // later failure without a code of its own is a write fault, not that.
-    ::SetLastError(ERROR_SUCCESS);
 
-    m_nMode = kModeWrite;
-    m_dwFileType = dwFileType;
-    m_dwVersion = dwVersion;
     ::GetLocalTime(&m_CreationTime);
     m_strDesc = pszDesc;
-    if (writeFileHead())
+    const SYSTEMTIME& t = m_CreationTime;
+    DWORD dwError =
+        m_pAccess->core->Create(dwFileType, dwVersion, {t.wYear, t.wMonth, t.wDay, t.wHour, t.wMinute, t.wSecond},
+                                pszDesc);
+    mirror();
+    if (dwError == 0)
         return TRUE;
 
     // Nothing half-made stays behind.
-    DWORD dwError = failureCode(ERROR_WRITE_FAULT);
-    if (m_pIo)
-        m_pIo->discard();
+    m_pAccess->core->Discard();
     releaseFile(false);
     ::DeleteFileA(m_strPath);
     clearData();
     return error(dwError);
-}
-
-// The magic and the descriptor record of a new file.
-BOOL CRecFile::writeFileHead()
-{
-    if (!m_pIo->write(tqm::kFileMagic, tqm::kFileMagicSize))
-        return FALSE;
-    m_nRecState = kAtBoundary;
-    tqm::RecordDescriptor descriptor;
-    descriptor.fileType = m_dwFileType;
-    descriptor.version = m_dwVersion;
-    descriptor.day = m_CreationTime.wDay;
-    descriptor.month = m_CreationTime.wMonth;
-    descriptor.year = m_CreationTime.wYear;
-    descriptor.hour = m_CreationTime.wHour;
-    descriptor.minute = m_CreationTime.wMinute;
-    descriptor.second = m_CreationTime.wSecond;
-    descriptor.description = m_strDesc.GetString();
-    std::string text = tqm::FormatRecordDescriptor(descriptor);
-    // The text goes with its terminating zero byte.
-    return writeRec(0, 1, static_cast<DWORD>(text.size() + 1), text.c_str());
 }
 
 // ---- opening -----------------------------------------------------------
@@ -253,84 +237,25 @@ BOOL CRecFile::open(const char* pszPath, DWORD dwFileType, BOOL bWrite)
     HANDLE hFile = ::CreateFileA(m_strPath, dwAccess, 0, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
     if (hFile == INVALID_HANDLE_VALUE || !attachFile(hFile))
         return error(kSystemError);
-    // From here a failure without a system code means the contents are wrong.
-    ::SetLastError(ERROR_SUCCESS);
 
-    m_nMode = bWrite ? kModeWrite : kModeRead;
-    if (!readFileHead(dwFileType)) {
-        DWORD dwError = failureCode(ERROR_BAD_FORMAT);
+    const tqm::RecordFileCore& core = *m_pAccess->core;
+    if (DWORD dwError = m_pAccess->core->Open(dwFileType, bWrite != FALSE)) {
         releaseFile(false);
         clearData();
         return error(dwError);
     }
+    mirror();
+    memset(&m_CreationTime, 0, sizeof(m_CreationTime));
+    m_CreationTime.wYear = static_cast<WORD>(core.created.year);
+    m_CreationTime.wMonth = static_cast<WORD>(core.created.month);
+    m_CreationTime.wDay = static_cast<WORD>(core.created.day);
+    m_CreationTime.wHour = static_cast<WORD>(core.created.hour);
+    m_CreationTime.wMinute = static_cast<WORD>(core.created.minute);
+    m_CreationTime.wSecond = static_cast<WORD>(core.created.second);
+    m_strDesc = core.description.c_str();
     // Records are appended.
     if (bWrite && !seek(0, FILE_END))
         return FALSE;
-    m_nRecState = kAtBoundary;
-    return TRUE;
-}
-
-// Reads and checks the magic (or the old text line) and the descriptor;
-// leaves the position behind the descriptor.
-BOOL CRecFile::readFileHead(DWORD dwFileType)
-{
-    BYTE magic[tqm::kFileMagicSize];
-    DWORD dwRead = 0;
-    if (!m_pIo->read(magic, sizeof(magic), &dwRead))
-        return FALSE;
-    if (dwRead != sizeof(magic) || memcmp(magic, tqm::kFileMagic, sizeof(magic)) != 0) {
-        BYTE head[tqm::kLegacyHeadSize] = {};
-        if (!m_pIo->seek(0) || !m_pIo->read(head, sizeof(head), &dwRead))
-            return FALSE;
-        if (head[sizeof(head) - 1] == tqm::kLegacyEofMark) {
-            // The end-of-file mark is followed by one byte of any value.
-            head[sizeof(head) - 1] = 0;
-            BYTE extra;
-            if (!m_pIo->read(&extra, 1, &dwRead))
-                return FALSE;
-        }
-        if (!tqm::IsLegacyFileHead(head))
-            return FALSE;
-    }
-    m_dwFirstRecPos = m_pIo->position();
-
-    LARGE_INTEGER size;
-    if (!::GetFileSizeEx(m_hFile, &size))
-        return FALSE;
-    if (size.QuadPart > 0xFFFFFFFFLL)  // offsets are 32 bits wide
-        return FALSE;
-    m_dwFileSize = size.LowPart;
-
-    // The descriptor header's magic and type are not checked: files of some
-    // writers carry other values there.
-    BYTE rawHeader[tqm::kRecordHeaderSize];
-    if (!m_pIo->read(rawHeader, sizeof(rawHeader), &dwRead) || dwRead != sizeof(rawHeader))
-        return FALSE;
-    tqm::RecordHeader header = tqm::DecodeRecordHeader(rawHeader);
-    if (header.length < tqm::kMinDescriptorLength || header.length > tqm::kMaxDescriptorLength)
-        return FALSE;
-    char text[tqm::kMaxDescriptorLength];
-    if (!m_pIo->read(text, header.length, &dwRead) || dwRead != header.length)
-        return FALSE;
-
-    tqm::RecordDescriptor descriptor;
-    if (!tqm::ParseRecordDescriptor(text, header.length, descriptor))
-        return FALSE;
-    if (tqm::RecordChecksum(descriptor.fileType, text, header.length) != header.checksum)
-        return FALSE;
-    if (dwFileType != kUnknown && dwFileType != descriptor.fileType)
-        return FALSE;
-
-    m_dwFileType = descriptor.fileType;
-    m_dwVersion = descriptor.version;
-    memset(&m_CreationTime, 0, sizeof(m_CreationTime));
-    m_CreationTime.wYear = static_cast<WORD>(descriptor.year);
-    m_CreationTime.wMonth = static_cast<WORD>(descriptor.month);
-    m_CreationTime.wDay = static_cast<WORD>(descriptor.day);
-    m_CreationTime.wHour = static_cast<WORD>(descriptor.hour);
-    m_CreationTime.wMinute = static_cast<WORD>(descriptor.minute);
-    m_CreationTime.wSecond = static_cast<WORD>(descriptor.second);
-    m_strDesc = descriptor.description.c_str();
     return TRUE;
 }
 

@@ -28,8 +28,9 @@
 // derived class that calls those directly takes the parked exception itself
 // with TqmTakeDeferredException.
 //
-// Records are gathered in memory and reach the disk in large pieces, at the
-// latest when the file is closed (also by a failure or the destructor). A
+// The record file's logic works on bytes (datafiles/logic/RecordFileCore.h);
+// this class gives it the file. Records are gathered in memory and reach the
+// disk in large pieces, at the latest when the file is closed (also by a failure or the destructor). A
 // write the disk refuses is therefore reported by whichever call wrote at
 // the time, Close included.
 //
@@ -42,9 +43,7 @@
 #include "framework/DeferredException.h"
 #include "framework/Export.h"
 
-namespace tqm {
-class RecFileIo;
-}
+struct CRecFileAccess;
 
 // A typed, checksummed record file, written and read one record after the other.
 class TQM_CLASS CRecFile
@@ -195,8 +194,11 @@ protected:
 private:
     BOOL attachFile(HANDLE hFile);
     BOOL releaseFile(bool bWritePending);
-    BOOL readFileHead(DWORD dwFileType);
-    BOOL writeFileHead();
+    // The members above from the record file's logic, after each of its steps.
+    void mirror();
+    // TRUE for code 0, else the failure reported; at the end of the records
+    // FALSE, a failure only when the thread's last-error code is set.
+    BOOL outcome(DWORD dwCode);
 
-    tqm::RecFileIo* m_pIo;      // the buffered access to m_hFile while it is open
+    CRecFileAccess* m_pAccess;  // the file's logic and its store while it is open
 };

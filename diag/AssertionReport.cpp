@@ -27,12 +27,12 @@ void offerAbort(const tqm::ReportText& report)
 
 }  // namespace
 
+// The source is shown as the caller names it; the macros name their file
+// without folder and extension (diag/TarnAssert.h).
 bool WINAPI TarnDebug(const char* pszMacro, const char* pszExpr, const char* pszFile, int nLine)
 {
-    char source[MAX_PATH];
-    tqm::SourceNameOf(pszFile, source, sizeof(source));
     tqm::ReportText report;
-    tqm::FormatAssertionReport(report, pszMacro, pszExpr, source, nLine);
+    tqm::FormatAssertionReport(report, pszMacro, pszExpr, pszFile, nLine);
     bool sent = tqm::SendTrace(tqm::TraceReceiver::Viewer, report.c_str(), report.length());
     if (tqm::IsLibraryMacro(pszMacro)) {
         tqm::AppendSupportText(report, report.length());
@@ -43,13 +43,10 @@ bool WINAPI TarnDebug(const char* pszMacro, const char* pszExpr, const char* psz
 
 bool WINAPI TarnDebug(const char* pszMacro, const char* pszExpr, const char* pszFile, int nLine, DWORD dwError)
 {
-    char source[MAX_PATH];
-    tqm::SourceNameOf(pszFile, source, sizeof(source));
-
     tqm::SystemMessage reason(dwError);
     DWORD nReason = reason.length();
     tqm::ReportText report;
-    tqm::FormatVerificationReport(report, pszMacro, pszExpr, source, nLine, reason.text(), dwError);
+    tqm::FormatVerificationReport(report, pszMacro, pszExpr, pszFile, nLine, reason.text(), dwError);
     reason.release();
 
     // The trace message carries as many characters as the system's text had,

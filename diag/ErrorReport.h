@@ -18,7 +18,7 @@ extern "C" TQM_CAPI void __cdecl DllError(UINT nID, ...);
 
 // The assertion reporter behind TARN_ASSERT and TARN_VERIFY (diag/TarnAssert.h).
 // Sends the report "<macro> failed at line <n> in <source>: ..." (at most 640
-// characters; pszFile is named without folder and extension) to the trace
+// characters; pszFile is shown as it is given) to the trace
 // viewer; for the library's own macros (names beginning "TARN") it then
 // offers Abort, Retry or Ignore. Abort ends the process at once (exit code
 // 3); the others return. The result says whether the trace viewer got it.

@@ -8,7 +8,13 @@
 //             names; an attribute would export the decorated name as well.
 #pragma once
 
-#ifdef TQMLIB_BUILD
+#if !defined(_WIN32)
+// A build of the library's text handling for another system (the fuzzing
+// set) has no DLL.
+#define TQM_CLASS
+#define TQM_CPPAPI
+#define TQM_CAPI
+#elif defined(TQMLIB_BUILD)
 #define TQM_CLASS __declspec(dllexport)
 #define TQM_CPPAPI __declspec(dllexport)
 #define TQM_CAPI

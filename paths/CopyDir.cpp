@@ -10,6 +10,19 @@
 
 namespace {
 
+// True if candidate is dir itself or lies anywhere below it; both are full
+// paths, compared without regard to case by the system's rules.
+bool isSameOrBelow(const char* dir, const char* candidate)
+{
+    CString base = tqm::WithoutTrailingBackslashes(dir);
+    CString other = tqm::WithoutTrailingBackslashes(candidate);
+    if (base.IsEmpty() || other.GetLength() < base.GetLength())
+        return false;
+    if (other.Left(base.GetLength()).CompareNoCase(base) != 0)
+        return false;
+    return other.GetLength() == base.GetLength() || other[base.GetLength()] == '\\';
+}
+
 bool isDirectory(const char* path)
 {
     const DWORD attributes = GetFileAttributesA(path);
@@ -61,7 +74,7 @@ BOOL WINAPI TQMCopyDir(const char* fromDir, const char* toDir)
     // source would be copied into itself until the path grew too long.
     if (!fromDir || !*fromDir || !toDir || !*toDir || !isDirectory(fromDir))
         return FALSE;
-    if (tqm::IsSameOrBelow(fullPath(fromDir), fullPath(toDir)))
+    if (isSameOrBelow(fullPath(fromDir), fullPath(toDir)))
         return FALSE;
     return copyTree(fromDir, toDir);
 }

@@ -5,7 +5,8 @@
 #   - checks the package: the C header, the import libraries, the examples
 #     built against the install tree, and the API reference;
 #   - runs every test program under Wine: x86_64 always, i686 where the
-#     32-bit Wine loader (wine32) is installed and runs at native speed.
+#     32-bit Wine loader (wine32) is installed and runs at native speed;
+#   - replays the fuzzing regressions and fuzzes each parser briefly.
 # Exits non-zero when anything fails.
 set -eu
 root=$(cd "$(dirname "$0")/.." && pwd)
@@ -49,6 +50,9 @@ else
     [ -n "${TQM_I686_UNDER_EMULATION:-}" ] && i686_timeout=14400
     (cd build/i686 && ctest --output-on-failure --timeout $i686_timeout -E '^(exports|cheader|importlib|package)$') || status=1
 fi
+
+echo "== fuzzing: regressions, then ${TQM_FUZZ_SECONDS:-20} s per target"
+./scripts/fuzz.sh all "${TQM_FUZZ_SECONDS:-20}" || status=1
 
 if [ "$status" -eq 0 ]; then echo "== all tests passed"; else echo "== TESTS FAILED"; fi
 exit $status

@@ -10,6 +10,7 @@
 // indexing the array again.
 #pragma once
 
+#include <stddef.h>
 #include <stdint.h>
 
 #include <vector>

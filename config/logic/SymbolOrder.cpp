@@ -1,6 +1,7 @@
 // Symbol comparison.
 #include "config/logic/SymbolOrder.h"
 
+#include <limits.h>
 #include <stdint.h>
 
 namespace tqm {
@@ -18,6 +19,20 @@ uint32_t readNumber(const unsigned char*& p)
     return n;
 }
 
+// The difference of two numbers where it fits an int, else the int nearest
+// to it, so that its sign always follows the numbers: callers sort with the
+// result, and a wrapped difference would put "0" both before and after
+// "2147483648".
+int numberDifference(uint32_t a, uint32_t b)
+{
+    int64_t d = int64_t(a) - int64_t(b);
+    if (d > INT_MAX)
+        return INT_MAX;
+    if (d < INT_MIN)
+        return INT_MIN;
+    return static_cast<int>(d);
+}
+
 }  // namespace
 
 int CompareSymbols(const char* a, const char* b, const unsigned char* fold)
@@ -31,7 +46,7 @@ int CompareSymbols(const char* a, const char* b, const unsigned char* fold)
             uint32_t na = readNumber(pa);
             uint32_t nb = readNumber(pb);
             if (na != nb)
-                return static_cast<int>(na - nb);  // the difference, wrapped to int
+                return numberDifference(na, nb);
             continue;
         }
         // "_" sorts before everything but the end of the text.

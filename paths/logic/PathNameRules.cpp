@@ -32,7 +32,7 @@ bool isNumberedDevice(const CString& name)
 }
 
 // The character scan over everything after the drive and UNC prefixes.
-PathNameVerdict scanCharacters(const char* path, int start, bool allowWildcards)
+PathNameVerdict scanCharacters(const char* path, int start, bool allowWildcards, const NameLetters& letters)
 {
     int dots = 0;
     bool afterBackslash = false;
@@ -63,7 +63,7 @@ PathNameVerdict scanCharacters(const char* path, int start, bool allowWildcards)
                 return verdict(PathNameFault::WildcardNotAllowed, i);
             continue;
         }
-        if (!IsCharAlphaNumericA(ch) && !IsAllowedNamePunctuation(ch))
+        if (!letters.IsLetterOrDigit(ch) && !IsAllowedNamePunctuation(ch))
             return verdict(PathNameFault::BadCharacter, i);
     }
     if (dots == 2)
@@ -75,16 +75,25 @@ PathNameVerdict scanCharacters(const char* path, int start, bool allowWildcards)
 
 }  // namespace
 
+NameLetters::NameLetters()
+{
+    for (int c = 0; c < 256; ++c) {
+        bool letter = (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
+        bool digit = c >= '0' && c <= '9';
+        m_flags[c] = static_cast<unsigned char>((letter ? kLetter : 0) | (letter || digit ? kLetterOrDigit : 0));
+    }
+}
+
 bool IsAllowedNamePunctuation(char ch) { return ch != '\0' && strchr(" $%'-_@~`!()^#&+,=[]", ch) != nullptr; }
 
-PathNameVerdict CheckPathName(const char* path, bool allowWildcards)
+PathNameVerdict CheckPathName(const char* path, bool allowWildcards, const NameLetters& letters)
 {
     if (!path || !*path)
         return verdict(PathNameFault::Empty, -1);
 
     int rest = 0;
     if (path[1] == ':') {
-        if (!IsCharAlphaA(path[0]))
+        if (!letters.IsLetter(path[0]))
             return verdict(PathNameFault::BadDriveLetter, 0);
         rest = 2;
         if (!path[rest])
@@ -92,14 +101,16 @@ PathNameVerdict CheckPathName(const char* path, bool allowWildcards)
     }
     if (path[rest] == '\\' && path[rest + 1] == '\\') {
         rest += 2;
-        if (path[rest] == '\\' || !path[rest])
+        if (!path[rest])
+            return verdict(PathNameFault::BadUncPrefix, -1);  // nothing to point at
+        if (path[rest] == '\\')
             return verdict(PathNameFault::BadUncPrefix, rest);
     }
     // A leading dot is checked here but not skipped: the scan sees it again.
     if (path[rest] == '.' && strncmp(path + rest, ".\\", 2) != 0 && strncmp(path + rest, "..\\", 3) != 0)
         return verdict(PathNameFault::BadLeadingDot, rest);
 
-    PathNameVerdict scanned = scanCharacters(path, rest, allowWildcards);
+    PathNameVerdict scanned = scanCharacters(path, rest, allowWildcards, letters);
     if (!scanned.valid())
         return scanned;
 

@@ -3,8 +3,8 @@
 // path split sees them.
 //
 // Pure text rules: nothing here touches the file system. Letters and digits
-// are those of the system code page (IsCharAlphaNumeric), which is a table
-// lookup, not I/O.
+// are those of the system code page (IsCharAlpha, IsCharAlphaNumeric) unless
+// a table of them is given.
 #pragma once
 
 #include "framework/CString.h"
@@ -39,8 +39,31 @@ struct PathNameVerdict
     bool valid() const { return fault == PathNameFault::None; }
 };
 
+// Which bytes count as letters, and as letters or digits, in names.
+class NameLetters
+{
+public:
+    // The ASCII letters and digits alone.
+    NameLetters();
+    // The system code page's, as IsCharAlpha and IsCharAlphaNumeric tell.
+    static const NameLetters& System();
+
+    bool IsLetter(char ch) const { return (m_flags[static_cast<unsigned char>(ch)] & kLetter) != 0; }
+    bool IsLetterOrDigit(char ch) const { return (m_flags[static_cast<unsigned char>(ch)] & kLetterOrDigit) != 0; }
+
+private:
+    enum : unsigned char
+    {
+        kLetter = 1,
+        kLetterOrDigit = 2
+    };
+    unsigned char m_flags[256];
+};
+
 // Checks path by the suite's path-name rules (narrower than Windows' own).
-PathNameVerdict CheckPathName(const char* path, bool allowWildcards);
+// A fault's position is the index of a character of path, or -1.
+PathNameVerdict CheckPathName(const char* path, bool allowWildcards,
+                              const NameLetters& letters = NameLetters::System());
 
 // A short English description of a fault, for tools and logs.
 const char* DescribePathNameFault(PathNameFault fault);

@@ -42,7 +42,12 @@ namespace {
 // begins every text.
 bool beginsWith(const char* text, const char* prefix)
 {
-    return _strnicmp(text, prefix, strlen(prefix)) == 0;
+    auto upper = [](unsigned char c) { return c >= 'a' && c <= 'z' ? c - 'a' + 'A' : c; };
+    for (; *prefix; ++text, ++prefix) {
+        if (upper(static_cast<unsigned char>(*text)) != upper(static_cast<unsigned char>(*prefix)))
+            return false;
+    }
+    return true;
 }
 
 // replacement followed by what follows the first `matched` characters of path.

@@ -114,15 +114,4 @@ CString FileNameOf(const char* path)
     return parts.name + parts.ext;
 }
 
-bool IsSameOrBelow(const char* dir, const char* candidate)
-{
-    CString base = WithoutTrailingBackslashes(dir);
-    CString other = WithoutTrailingBackslashes(candidate);
-    if (base.IsEmpty() || other.GetLength() < base.GetLength())
-        return false;
-    if (other.Left(base.GetLength()).CompareNoCase(base) != 0)
-        return false;
-    return other.GetLength() == base.GetLength() || other[base.GetLength()] == '\\';
-}
-
 }  // namespace tqm

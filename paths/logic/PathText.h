@@ -40,8 +40,4 @@ CString ChangeFileExt(const char* path, const char* ext);
 // The file name with its extension, without drive and folders.
 CString FileNameOf(const char* path);
 
-// True if candidate is dir itself or lies anywhere below it; both are full
-// paths, compared without regard to case.
-bool IsSameOrBelow(const char* dir, const char* candidate);
-
 }  // namespace tqm

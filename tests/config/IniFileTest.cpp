@@ -59,6 +59,36 @@ TEST(CTQMIniFile, ReadKeepsOnlyTheHeadComment)
     EXPECT_EQ(7, ini.GetErrLine());  // 8 lines read
 }
 
+// Every head comment line keeps exactly one line feed, however it ends, so
+// that writing and reading again gives the same document.
+TEST(CTQMIniFile, HeadCommentLinesStayWholeThroughWriteAndRead)
+{
+    TempDir dir;
+    const std::string longComment = "; " + std::string(5000, 'c');
+    struct Case { std::string bytes; std::string comment; int lastLine; } cases[] = {
+        {"; no line feed at the end", "; no line feed at the end\n", 0},
+        {std::string("; before\0after\r\n[S]\r\nk=v\r\n", 26), "; before\n", 2},
+        {longComment + "\r\n# next\r\n\r\n[S]\r\nk=v\r\n", longComment + "\n# next\n", 5},
+    };
+    for (const Case& c : cases) {
+        CTQMIniFile ini;
+        ASSERT_EQ(1, readBytes(ini, dir, c.bytes));
+        EXPECT_EQ(c.comment, ini.GetFileComment());
+        EXPECT_EQ(c.lastLine, ini.GetErrLine()) << "a long line still counts in pieces";
+        std::string path = dir.file("again.ini");
+        ASSERT_EQ(1, ini.Write(path.c_str()));
+        CTQMIniFile back;
+        ASSERT_EQ(1, back.Read(path.c_str()));
+        EXPECT_EQ(c.comment, back.GetFileComment());
+        EXPECT_EQ(contentsOf(ini), contentsOf(back));
+    }
+
+    // A long comment inside a section is dropped whole: its tail is no entry.
+    CTQMIniFile ini;
+    EXPECT_EQ(1, readBytes(ini, dir, "[S]\r\n" + longComment + "=x\r\nk=v\r\n"));
+    EXPECT_EQ((std::vector<std::string>{"[S]", "k=v"}), contentsOf(ini));
+}
+
 TEST(CTQMIniFile, EmptyAndMissingFiles)
 {
     TempDir dir;

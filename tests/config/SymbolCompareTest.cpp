@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <limits.h>
+
 namespace {
 
 int sign(int v) { return (v > 0) - (v < 0); }
@@ -30,6 +32,19 @@ TEST(SymbolCompare, OrdersNamesCaseFoldedNumbersByValueUnderscoreFirst)
         EXPECT_EQ(-c.expectedSign, sign(TQMSymCmp(c.b, c.a))) << c.b << " vs " << c.a;
     }
     EXPECT_EQ(-8, TQMSymCmp("R2", "R10"));  // numbers differ by their difference
+}
+
+// A caller sorts with it, so the sign must follow the numbers even where
+// their difference does not fit an int: then the result saturates.
+TEST(SymbolCompare, NumbersFarApartStillOrderByValue)
+{
+    struct Case { const char* a; const char* b; int expected; } cases[] = {
+        {"0", "2147483648", INT_MIN},      {"2147483648", "0", INT_MAX},
+        {"x4294967295", "x0", INT_MAX},    {"1", "2147483648", -2147483647},
+        {"2147483647", "0", 2147483647},   {"0", "2147483647", -2147483647},
+    };
+    for (const Case& c : cases)
+        EXPECT_EQ(c.expected, TQMSymCmp(c.a, c.b)) << c.a << " vs " << c.b;
 }
 
 }  // namespace

@@ -76,22 +76,32 @@ TEST_F(AssertionReport, OnlyTheLibrarysMacrosAskAndTheResultSaysWhetherTheViewer
 
     viewer();
     EXPECT_TRUE(TarnDebug("ASSERT", "p != NULL", "App.cpp", 12));
-    EXPECT_EQ("ASSERT failed at line 12 in App:\n p != NULL\n", viewer().last().data);
+    EXPECT_EQ("ASSERT failed at line 12 in App.cpp:\n p != NULL\n", viewer().last().data);
     EXPECT_EQ(1u, boxes.count());
 }
 
-TEST_F(AssertionReport, SourceIsNamedWithoutFolderAndExtension)
+// The reporter shows the source exactly as its caller names it; the macros
+// name a file without folder and extension.
+TEST_F(AssertionReport, ReporterKeepsTheSourceAndTheMacrosShortenIt)
 {
     viewer();
     BoxRecorder boxes;
-    struct Case { const char* file; const char* name; } cases[] = {
-        {"C:\\src\\tqmlib\\config\\Registry.cpp", "Registry"}, {"../../diag/RecFile.cpp", "RecFile"},
-        {"D:molecule.h", "molecule"}, {"dir.d/name.with.dots.cpp", "name.with.dots"}, {nullptr, ""},
-    };
-    for (const Case& c : cases) {
-        TarnDebug("TARN_ASSERT", "e", c.file, 7);
-        EXPECT_EQ(std::string("TARN_ASSERT failed at line 7 in ") + c.name + ":\n e\n", viewer().last().data);
+    for (const char* file : {"C:\\src\\tqmlib\\config\\Registry.cpp", "../../diag/RecFile.cpp", "Misc"}) {
+        TarnDebug("TARN_ASSERT", "e", file, 7);
+        EXPECT_EQ(std::string("TARN_ASSERT failed at line 7 in ") + file + ":\n e\n", viewer().last().data);
     }
+    TarnDebug("TARN_ASSERT", "e", nullptr, 7);
+    EXPECT_EQ("TARN_ASSERT failed at line 7 in :\n e\n", viewer().last().data);
+
+    const int line = __LINE__ + 1;
+    TARN_ASSERT(boxes.count() == 0);
+    EXPECT_EQ("TARN_ASSERT failed at line " + std::to_string(line) + " in AssertionReportTest:\n boxes.count() == 0\n",
+              viewer().last().data);
+    EXPECT_STREQ("Registry", tqm::SourceFileName("C:\\src\\config\\Registry.cpp").text);
+    EXPECT_STREQ("molecule", tqm::SourceFileName("D:molecule.h").text);
+    EXPECT_STREQ("name.with.dots", tqm::SourceFileName("dir.d/name.with.dots.cpp").text);
+    EXPECT_STREQ(".hidden", tqm::SourceFileName("src/.hidden").text);
+    static_assert(tqm::SourceFileName("a/b.c").text[0] == 'b', "made by the compiler");
 }
 
 TEST_F(AssertionReport, SupportTextOnlyBelow640AndReportsCutAt640)

@@ -90,6 +90,8 @@ TEST(PathNameRules, ReasonsPointAtTheFault)
         {"1:x", false, PathNameFault::BadDriveLetter, 0},
         {"C:", false, PathNameFault::DriveOnly, -1},
         {"\\\\\\x", false, PathNameFault::BadUncPrefix, 2},
+        {"\\\\", false, PathNameFault::BadUncPrefix, -1},     // nothing follows: no character to point at
+        {"C:\\\\", false, PathNameFault::BadUncPrefix, -1},
         {".x", false, PathNameFault::BadLeadingDot, 0},
         {"a...b", false, PathNameFault::TooManyDots, 3},
         {"a\\.b", false, PathNameFault::DotAfterBackslash, 2},
@@ -103,6 +105,7 @@ TEST(PathNameRules, ReasonsPointAtTheFault)
         const tqm::PathNameVerdict verdict = tqm::CheckPathName(c.path, c.wildcards);
         EXPECT_EQ(c.fault, verdict.fault) << '"' << c.path << '"';
         EXPECT_EQ(c.position, verdict.position) << '"' << c.path << '"';
+        EXPECT_LT(verdict.position, static_cast<int>(strlen(c.path))) << "a position names a character";
         EXPECT_NE(nullptr, tqm::DescribePathNameFault(verdict.fault));
     }
 }

@@ -62,6 +62,20 @@ TEST_F(TqmIni, CheckReportsTheOffendingLine)
     EXPECT_NE(std::string::npos, missing.err.find("cannot read")) << missing.err;
 }
 
+TEST_F(TqmIni, CheckShowsABinaryLineEscapedAndCut)
+{
+    std::string binary = "[S]\r\n\x04\x7F";
+    for (int i = 0; i < 2000; ++i)
+        binary += static_cast<char>(i % 200 == 0 ? '\x01' : 'x');
+    binary += "\r\n";
+    ProgramResult failed = tqm({"ini", "check", file("bin.ini", binary)});
+    EXPECT_EQ(1, failed.exitCode);
+    EXPECT_EQ(std::string::npos, failed.err.find_first_of(std::string("\x01\x04\x7F", 3))) << "raw bytes escaped";
+    EXPECT_NE(std::string::npos, failed.err.find(":2: entry line without \"=\": \\x04\\x7F\\x01xxx")) << failed.err;
+    EXPECT_NE(std::string::npos, failed.err.find("characters more")) << failed.err;
+    EXPECT_LT(failed.err.size(), 300u) << failed.err;
+}
+
 TEST_F(TqmIni, GetUsesTheProfileLookup)
 {
     std::string path = file("p.ini", "[S]\r\nkey = first \r\nkey=second\r\nempty=\r\n");

@@ -1,8 +1,9 @@
 // Finding and explaining the line an INI document stopped reading at.
 #include "tools/tqm/IniReport.h"
 
-#include "config/logic/IniLineGrammar.h"
-#include "framework/StdioFile.h"
+#include "config/logic/IniText.h"
+#include "framework/FileBytes.h"
+#include "tools/tqm/Printable.h"
 
 #include <string.h>
 
@@ -15,21 +16,18 @@ namespace {
 // pieces of kLineBufferSize - 1 characters, each counted as a line.
 bool readLineAt(const char* path, int nLine, std::string& text)
 {
-    CStdioFile file;
-    if (!file.Open(path, CStdioFile::modeRead | CStdioFile::typeText))
+    tqm::FileView bytes;
+    if (!bytes.Open(path))
         return false;
+    tqm::ini::IniTextLines lines(bytes.data(), bytes.size());
     std::vector<char> line(tqm::ini::kLineBufferSize);
-    try {
-        for (int i = 0; file.ReadString(line.data(), static_cast<UINT>(line.size())); ++i) {
-            if (i == nLine) {
-                text = line.data();
-                while (!text.empty() && (text.back() == '\n' || text.back() == '\r'))
-                    text.pop_back();
-                return true;
-            }
+    for (int i = 0; size_t n = lines.Next(line.data(), line.size() - 1); ++i) {
+        if (i == nLine) {
+            text.assign(line.data(), n);
+            while (!text.empty() && (text.back() == '\n' || text.back() == '\r'))
+                text.pop_back();
+            return true;
         }
-    } catch (CException* e) {
-        e->Delete();
     }
     return false;
 }
@@ -77,7 +75,7 @@ std::string FormatReadFailure(const std::string& displayName, const IniReadFailu
 {
     if (!failure.bOpened)
         return "cannot read " + displayName;
-    return displayName + ":" + std::to_string(failure.nLine) + ": " + failure.reason + ": " + failure.text;
+    return displayName + ":" + std::to_string(failure.nLine) + ": " + failure.reason + ": " + Printable(failure.text.data(), failure.text.size(), 80);
 }
 
 }  // namespace tqmtool

@@ -18,7 +18,9 @@ struct IniReadFailure
 // Describes why ini.Read(path) failed; ini is the document just after it.
 IniReadFailure DescribeReadFailure(const char* path, CTQMIniFile& ini);
 
-// One line for stderr: "FILE:LINE: REASON: TEXT", or "cannot read FILE".
+// One line for stderr: "FILE:LINE: REASON: TEXT", or "cannot read FILE". TEXT
+// shows at most 80 characters, control characters escaped, and says how many
+// more the line has.
 std::string FormatReadFailure(const std::string& displayName, const IniReadFailure& failure);
 
 }  // namespace tqmtool

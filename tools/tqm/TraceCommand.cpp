@@ -5,6 +5,7 @@
 // trace message it is sent, so that a person can watch what any program of
 // the suite reports.
 #include "tools/tqm/Command.h"
+#include "tools/tqm/Printable.h"
 
 #include "diag/DebugOutput.h"
 
@@ -59,7 +60,6 @@ std::string tagText(ULONG_PTR tag)
 // feed, with control characters escaped.
 std::string lineText(const char* data, DWORD count)
 {
-    std::string text;
     DWORD n = 0;
     while (n < count && data[n])
         ++n;
@@ -67,23 +67,7 @@ std::string lineText(const char* data, DWORD count)
         --n;
     if (n > 0 && data[n - 1] == '\r')
         --n;
-    for (DWORD i = 0; i < n; ++i) {
-        unsigned char c = static_cast<unsigned char>(data[i]);
-        switch (c) {
-        case '\n': text += "\\n"; break;
-        case '\r': text += "\\r"; break;
-        case '\t': text += "\\t"; break;
-        default:
-            if (c < 0x20 || c == 0x7F) {
-                char hex[8];
-                snprintf(hex, sizeof(hex), "\\x%02X", c);
-                text += hex;
-            } else {
-                text += static_cast<char>(c);
-            }
-        }
-    }
-    return text;
+    return Printable(data, n);
 }
 
 void printMessage(HWND sender, const COPYDATASTRUCT& data)
