@@ -23,8 +23,9 @@ cmake -S "$root/fuzz" -B "$build" -G Ninja -DCMAKE_CXX_COMPILER=clang++ >/dev/nu
 cmake --build "$build"
 
 echo "== fuzz: headers of the logic compile on their own (clang)"
-cmake -DCOMPILER=clang++ -DROOT="$root" "-DFLAGS=-std=c++17,-I$root/fuzz/host" \
-      "-DPATTERNS=*/logic/*.h,fuzz/*.h" -P "$root/cmake/CheckHeaders.cmake"
+for header in $(cd "$root" && ls */logic/*.h fuzz/*.h); do
+    clang++ -std=c++17 -Wno-pragma-once-outside-header -I"$root/fuzz/host" -I"$root" -fsyntax-only -x c++ "$root/$header"
+done
 
 if [ "$target" = all ]; then
     targets=$(cd "$build" && ls fuzz_* | sed 's/^fuzz_//')

@@ -25,6 +25,7 @@ echo "== API reference (no Doxygen warning allowed)"
 
 echo "== x86_64: tests under wine64"
 (cd build/x86_64 && ctest --output-on-failure --timeout 900) || status=1
+[ -f build/x86_64/picture-test-skipped.txt ] && echo "== x86_64: $(cat build/x86_64/picture-test-skipped.txt)"
 
 i686_skipped() {
     echo "== i686: tests SKIPPED - $1"

@@ -8,10 +8,12 @@
 #   - no debugger on a crash: Wine starts winedbg even without a debugger
 #     setting, so the setting names a command that exits at once, and a
 #     crashing test ends at once instead of waiting until its time-out.
-#   wine-prefix.sh i686|x86_64 PREFIX
+#   wine-prefix.sh i686|x86_64 PREFIX [DRIVER]
+# DRIVER x11 makes a prefix that draws on the X display in $DISPLAY instead.
 set -e
 arch=$1
 prefix=$2
+driver=${3:-null}
 settings_version=4
 marker="$prefix/.tqm-ready"
 [ -f "$marker" ] && [ "$(cat "$marker")" = "$settings_version" ] && exit 0
@@ -30,7 +32,7 @@ fi
 if [ ! -f "$marker" ]; then
     echo "wine-prefix: making $prefix" >&2
     "$wine" wineboot -i >/dev/null 2>&1 || true
-    "$wine" reg add 'HKCU\Software\Wine\Drivers' /v Graphics /d null /f >/dev/null 2>&1 || {
+    "$wine" reg add 'HKCU\Software\Wine\Drivers' /v Graphics /d "$driver" /f >/dev/null 2>&1 || {
         echo "wine-prefix: cannot set up $prefix: Wine does not run $arch programs here" >&2
         exit 1
     }

@@ -14,10 +14,26 @@ typedef uint32_t DWORD;
 typedef unsigned int UINT;
 typedef int32_t LONG;
 typedef uint64_t ULONGLONG;
+typedef uintptr_t ULONG_PTR;
+typedef intptr_t LONG_PTR;
+typedef LONG_PTR LRESULT;
 typedef void* HANDLE;
 typedef struct HINSTANCE__* HINSTANCE;
 typedef char* LPSTR;
 typedef const char* LPCSTR;
+
+typedef struct tagRECT
+{
+    LONG left, top, right, bottom;
+} RECT;
+typedef struct tagPOINT
+{
+    LONG x, y;
+} POINT;
+typedef struct tagSIZE
+{
+    LONG cx, cy;
+} SIZE;
 
 #define TRUE 1
 #define FALSE 0

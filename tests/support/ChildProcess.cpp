@@ -43,6 +43,11 @@ void drain(HANDLE hRead, std::string& text)
 
 ProgramRun RunProgram(const std::string& commandLine, const std::string& input, unsigned timeoutMs)
 {
+    // The desktop is made by the first program of the session that needs it,
+    // and under Wine the desktop's process then holds on to that program's
+    // standard handles: a child's pipes would never end. So the test makes
+    // it first.
+    GetDesktopWindow();
     ProgramRun run{-1, std::string(), std::string()};
     Pipe in, out, err;
     if (!makePipe(in, true) || !makePipe(out, false) || !makePipe(err, false))

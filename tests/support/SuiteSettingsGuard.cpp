@@ -6,6 +6,8 @@
 #include "paths/InstallDirs.h"
 #include "paths/PathNames.h"
 
+#include <shlobj.h>
+
 namespace tqmtest {
 namespace {
 
@@ -53,6 +55,13 @@ std::vector<std::string> suiteFolders()
 }  // namespace
 
 std::string SuiteKeyPath() { return std::string("Software\\") + TQMGetQM5BaseRegistryKey().GetString(); }
+
+bool WriteUserOption(const char* entry, const char* value)
+{
+    const std::string options = TQMGetVMXOptionsFilePath().GetString();
+    SHCreateDirectoryExA(nullptr, options.substr(0, options.rfind('\\')).c_str(), nullptr);
+    return WritePrivateProfileStringA("VMX", entry, value, options.c_str()) != FALSE;
+}
 
 std::string MirrorFile() { return std::string(TQMGetLocalDir().GetString()) + "\\QM5Global.ini"; }
 

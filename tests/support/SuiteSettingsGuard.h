@@ -46,6 +46,9 @@ std::string MirrorFile();
 std::string MirrorEntry(const char* section, const char* entry);
 // Opens a key below hive in the library's (32-bit) view; NULL when missing.
 HKEY OpenSuiteView(HKEY hive, const std::string& path, REGSAM access = KEY_READ);
+// Writes (or with a NULL value removes) an entry of section "VMX" of the
+// user's options file, making its folder when missing.
+bool WriteUserOption(const char* entry, const char* value);
 // Deletes a key below hive with everything in it (32-bit view).
 void DeleteKeyTree(HKEY hive, const std::string& path);
 

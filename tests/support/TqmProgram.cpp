@@ -4,9 +4,7 @@
 #include "support/FixtureFiles.h"
 
 namespace tqmtest {
-namespace {
-
-std::string withoutCarriageReturns(const std::string& text)
+std::string WithoutCarriageReturns(const std::string& text)
 {
     std::string lines;
     lines.reserve(text.size());
@@ -16,8 +14,6 @@ std::string withoutCarriageReturns(const std::string& text)
     }
     return lines;
 }
-
-}  // namespace
 
 std::string TqmCommandLine(const std::vector<std::string>& args)
 {
@@ -30,7 +26,7 @@ std::string TqmCommandLine(const std::vector<std::string>& args)
 TqmRun RunTqm(const std::vector<std::string>& args, const std::string& input)
 {
     const ProgramRun run = RunProgram(TqmCommandLine(args), input);
-    return TqmRun{run.exitCode, withoutCarriageReturns(run.out), withoutCarriageReturns(run.err)};
+    return TqmRun{run.exitCode, WithoutCarriageReturns(run.out), WithoutCarriageReturns(run.err)};
 }
 
 }  // namespace tqmtest

@@ -17,6 +17,9 @@ std::string TqmCommandLine(const std::vector<std::string>& args);
 // output and error text come back as "\n".
 TqmRun RunTqm(const std::vector<std::string>& args, const std::string& input = std::string());
 
+// text without its carriage returns: line ends as "\n".
+std::string WithoutCarriageReturns(const std::string& text);
+
 inline bool Contains(const std::string& text, const std::string& part) { return text.find(part) != std::string::npos; }
 
 }  // namespace tqmtest

@@ -2,23 +2,20 @@
 // third one, tqm trace --send) reports.
 #include "diag/DebugOutput.h"
 #include "support/ChildProcess.h"
+#include "support/ListenerProcess.h"
 #include "support/TqmProgram.h"
 
 #include <gtest/gtest.h>
 
 #include <stdio.h>
 
-#include <sstream>
 #include <string>
-#include <thread>
 #include <vector>
 
 namespace {
 
 using tqmtest::RunTqm;
 using tqmtest::TqmRun;
-
-const DWORD kTimeoutMs = 30000;
 
 std::string hex8(HWND hWnd)
 {
@@ -30,56 +27,26 @@ std::string hex8(HWND hWnd)
 // One printed message: "HH:MM:SS.mmm  WINDOW  TAG  TEXT".
 struct ViewerLine { std::string time, window, tag, text; };
 
-// A trace viewer process, run on a thread of its own. One that has not ended
-// after a minute is stopped, which also lets every send to it return.
-class ViewerProcess
+// The printed message lines (the viewer's own notes on stderr left out).
+std::vector<ViewerLine> viewerLines(const tqmtest::ListenerProcess& viewer)
+{
+    std::vector<ViewerLine> result;
+    for (const std::string& line : viewer.lines()) {
+        if (line.size() >= 30)
+            result.push_back({line.substr(0, 12), line.substr(14, 8), line.substr(24, 4), line.substr(30)});
+    }
+    return result;
+}
+
+class ViewerProcess : public tqmtest::ListenerProcess
 {
 public:
-    ~ViewerProcess() { close(); }
+    ViewerProcess() : ListenerProcess(TARN_TRACE_WINDOW_CLASS) {}
     bool start(std::vector<std::string> args = {})
     {
         args.insert(args.begin(), "trace");
-        m_thread = std::thread([this, args] { m_run = tqmtest::RunProgram(tqmtest::TqmCommandLine(args)); });
-        for (DWORD waited = 0; waited < kTimeoutMs && !m_window; waited += 50) {
-            Sleep(50);
-            m_window = FindWindowA(TARN_TRACE_WINDOW_CLASS, nullptr);
-        }
-        return m_window != nullptr;
+        return ListenerProcess::start(args);
     }
-    // Waits for the viewer to end; its exit code, -1 when it had to be stopped.
-    int wait()
-    {
-        if (m_thread.joinable())
-            m_thread.join();
-        return m_run.exitCode;
-    }
-    int close()
-    {
-        if (m_thread.joinable())
-            PostMessageA(m_window, WM_CLOSE, 0, 0);
-        return wait();
-    }
-    const std::string& output() const { return m_run.out; }
-
-    // The message lines printed (the viewer's own notes on stderr left out).
-    std::vector<ViewerLine> lines() const
-    {
-        std::vector<ViewerLine> result;
-        std::istringstream in(output());
-        std::string line;
-        while (std::getline(in, line)) {
-            if (!line.empty() && line.back() == '\r')
-                line.pop_back();
-            if (line.size() >= 30)
-                result.push_back({line.substr(0, 12), line.substr(14, 8), line.substr(24, 4), line.substr(30)});
-        }
-        return result;
-    }
-
-private:
-    std::thread m_thread;
-    tqmtest::ProgramRun m_run{-1, std::string(), std::string()};
-    HWND m_window = nullptr;
 };
 
 // "<thread>: rest" for a text that starts with some thread number.
@@ -123,7 +90,7 @@ TEST_F(TraceCommand, ViewerPrintsWhatOtherProcessesSendInOrder)
     EXPECT_EQ(0, fromTqm.exitCode) << fromTqm.err;
     ASSERT_EQ(0, viewer.close()) << viewer.output();
 
-    std::vector<ViewerLine> lines = viewer.lines();
+    std::vector<ViewerLine> lines = viewerLines(viewer);
     std::string us = hex8(main);
     std::string thread = std::to_string(GetCurrentThreadId() & 0xFFFF);
     struct Expected { std::string window, text; } expected[] = {
@@ -157,7 +124,7 @@ TEST_F(TraceCommand, OnlyOneViewerRunsAndCountEndsIt)
     EXPECT_EQ(0, RunTqm({"trace", "--send", "a"}).exitCode);
     EXPECT_EQ(0, RunTqm({"trace", "--send", "--error", "b"}).exitCode);
     ASSERT_EQ(0, viewer.wait()) << "--count 2 did not end the viewer";
-    std::vector<ViewerLine> lines = viewer.lines();
+    std::vector<ViewerLine> lines = viewerLines(viewer);
     ASSERT_EQ(2u, lines.size()) << viewer.output();
     EXPECT_NE(std::string::npos, lines[0].text.find(": a"));
     EXPECT_NE(std::string::npos, lines[1].text.find(": Error: b"));

@@ -37,6 +37,9 @@ int Fail(const char* format, ...) __attribute__((format(printf, 1, 2)));
 // True when args holds -h or --help.
 bool WantsHelp(const Args& args);
 
+// text as a whole number (decimal, or hexadecimal with 0x) within min..max.
+bool ParseInteger(const std::string& text, long long min, long long max, long long& value);
+
 }  // namespace tqmtool
 
 #define TQM_CONCAT_INNER(a, b) a##b

@@ -5,16 +5,16 @@
 // trace message it is sent, so that a person can watch what any program of
 // the suite reports.
 #include "tools/tqm/Command.h"
-#include "tools/tqm/Printable.h"
+
+#include "tools/tqm/ListenerWindow.h"
 
 #include "diag/DebugOutput.h"
 
 #include <windows.h>
 
+#include <limits.h>
 #include <stdio.h>
-#include <stdlib.h>
 
-#include <atomic>
 #include <string>
 
 namespace tqmtool {
@@ -37,9 +37,6 @@ const char kUsage[] =
     "thread number and an \"Error: \" or \"Warning: \" prefix as asked); exit 1 when\n"
     "no viewer runs.\n";
 
-std::atomic<HWND> g_viewerWindow{nullptr};
-long g_remaining = -1;  // messages left before the viewer ends; -1: no limit
-
 // The tag as its four characters when they are printable, else in hex.
 std::string tagText(ULONG_PTR tag)
 {
@@ -56,96 +53,30 @@ std::string tagText(ULONG_PTR tag)
     return text;
 }
 
-// The message text on one line: up to its first NUL, without a final line
-// feed, with control characters escaped.
-std::string lineText(const char* data, DWORD count)
+// Prints a trace message; quick, the sender waits until it returns.
+void printTraceMessage(HWND sender, const COPYDATASTRUCT& data)
 {
-    DWORD n = 0;
-    while (n < count && data[n])
-        ++n;
-    if (n > 0 && data[n - 1] == '\n')
-        --n;
-    if (n > 0 && data[n - 1] == '\r')
-        --n;
-    return Printable(data, n);
+    std::string text = data.lpData ? PrintableText(static_cast<const char*>(data.lpData), data.cbData) : "";
+    PrintStampedLine("%s  %s  %s", WindowText(sender).c_str(), tagText(data.dwData).c_str(), text.c_str());
 }
 
-void printMessage(HWND sender, const COPYDATASTRUCT& data)
+int runViewer(long count)
 {
-    SYSTEMTIME now;
-    GetLocalTime(&now);
-    std::string text = data.lpData ? lineText(static_cast<const char*>(data.lpData), data.cbData) : std::string();
-    printf("%02u:%02u:%02u.%03u  %08lX  %s  %s\n", now.wHour, now.wMinute, now.wSecond, now.wMilliseconds,
-           static_cast<unsigned long>(reinterpret_cast<ULONG_PTR>(sender)), tagText(data.dwData).c_str(),
-           text.c_str());
-    fflush(stdout);
-}
-
-LRESULT CALLBACK viewerProc(HWND hWnd, UINT msg, WPARAM wParam, LPARAM lParam)
-{
-    switch (msg) {
-    case WM_COPYDATA:
-        // Quick: the sender waits until this returns.
-        printMessage(reinterpret_cast<HWND>(wParam), *reinterpret_cast<const COPYDATASTRUCT*>(lParam));
-        if (g_remaining > 0 && --g_remaining == 0)
-            PostMessageA(hWnd, WM_CLOSE, 0, 0);
-        return TRUE;
-    case WM_CLOSE:
-        DestroyWindow(hWnd);
-        return 0;
-    case WM_DESTROY:
-        PostQuitMessage(0);
-        return 0;
-    default:
-        return DefWindowProcA(hWnd, msg, wParam, lParam);
-    }
-}
-
-// Ctrl+C, Ctrl+Break or a closed console: the viewer's thread closes its
-// window and ends in order (the handler runs on a thread of its own).
-BOOL WINAPI onConsoleControl(DWORD)
-{
-    HWND hWnd = g_viewerWindow.load();
-    if (!hWnd)
-        return FALSE;
-    PostMessageA(hWnd, WM_CLOSE, 0, 0);
-    return TRUE;
-}
-
-int runViewer()
-{
-    HWND other = FindWindowA(TARN_TRACE_WINDOW_CLASS, nullptr);
-    if (other)
-        return Fail("a trace viewer is already running (window %08lX)",
-                    static_cast<unsigned long>(reinterpret_cast<ULONG_PTR>(other)));
-    HINSTANCE hInstance = GetModuleHandleA(nullptr);
-    WNDCLASSA wc = {};
-    wc.lpfnWndProc = viewerProc;
-    wc.hInstance = hInstance;
-    wc.lpszClassName = TARN_TRACE_WINDOW_CLASS;
-    if (!RegisterClassA(&wc))
-        return Fail("cannot register the window class (error %lu)", GetLastError());
-    // A hidden top-level window: senders find it by its class, and a message-
-    // only window would not be found.
-    HWND hWnd = CreateWindowA(TARN_TRACE_WINDOW_CLASS, "tqm trace", WS_OVERLAPPED, 0, 0, 0, 0, nullptr, nullptr,
-                              hInstance, nullptr);
-    if (!hWnd) {
-        UnregisterClassA(TARN_TRACE_WINDOW_CLASS, hInstance);
-        return Fail("cannot create the viewer window (error %lu)", GetLastError());
-    }
-    g_viewerWindow.store(hWnd);
-    SetConsoleCtrlHandler(onConsoleControl, TRUE);
-    fprintf(stderr, "tqm trace: waiting for trace messages (window %08lX); Ctrl+C ends\n",
-            static_cast<unsigned long>(reinterpret_cast<ULONG_PTR>(hWnd)));
-
-    MSG msg;
-    while (GetMessageA(&msg, nullptr, 0, 0) > 0) {
-        TranslateMessage(&msg);
-        DispatchMessageA(&msg);
-    }
-    g_viewerWindow.store(nullptr);
-    SetConsoleCtrlHandler(onConsoleControl, FALSE);
-    UnregisterClassA(TARN_TRACE_WINDOW_CLASS, hInstance);
+    ListenerWindow viewer(TARN_TRACE_WINDOW_CLASS, "tqm trace");
+    viewer.EndAfter(count);
+    viewer.AddHandler([&viewer](HWND, UINT msg, WPARAM wParam, LPARAM lParam, LRESULT& result) {
+        if (msg != WM_COPYDATA)
+            return false;
+        printTraceMessage(reinterpret_cast<HWND>(wParam), *reinterpret_cast<const COPYDATASTRUCT*>(lParam));
+        viewer.CountEvent();
+        result = TRUE;
+        return true;
+    });
+    if (!viewer.Create())
+        return kExitNegative;
+    fprintf(stderr, "tqm trace: waiting for trace messages (window %s); Ctrl+C ends\n",
+            WindowText(viewer.Window()).c_str());
+    viewer.Run();
     return kExitOk;
 }
 
@@ -162,6 +93,7 @@ int runTrace(const Args& args)
     bool haveText = false;
     std::string text;
     int flags = 0;
+    long long count = 0;
     for (size_t i = 0; i < args.size(); ++i) {
         const std::string& arg = args[i];
         if (arg == "--send") {
@@ -173,11 +105,8 @@ int runTrace(const Args& args)
         } else if (arg == "--count") {
             if (i + 1 >= args.size())
                 return UsageError("trace", "--count needs a number");
-            char* end = nullptr;
-            long n = strtol(args[++i].c_str(), &end, 10);
-            if (*end || n <= 0)
+            if (!ParseInteger(args[++i], 1, LONG_MAX, count))
                 return UsageError("trace", "--count needs a positive number, not \"%s\"", args[i].c_str());
-            g_remaining = n;
         } else if (arg.size() > 1 && arg[0] == '-' && arg != "--") {
             return UsageError("trace", "unknown option %s", arg.c_str());
         } else if (!haveText) {
@@ -190,11 +119,11 @@ int runTrace(const Args& args)
     if (!send) {
         if (haveText || flags)
             return UsageError("trace", "a text and --error or --warning go with --send");
-        return runViewer();
+        return runViewer(static_cast<long>(count));
     }
     if (!haveText)
         return UsageError("trace", "--send needs the TEXT to send");
-    if (g_remaining > 0)
+    if (count > 0)
         return UsageError("trace", "--count goes with the viewer, not with --send");
     return sendLine(flags, text);
 }

@@ -4,8 +4,11 @@
 
 #include "diag/MessageBoxHook.h"
 
+#include <ctype.h>
+#include <errno.h>
 #include <stdarg.h>
 #include <stdio.h>
+#include <stdlib.h>
 #include <string.h>
 
 #include <algorithm>
@@ -74,6 +77,19 @@ bool WantsHelp(const Args& args)
     return std::any_of(args.begin(), args.end(), [](const std::string& a) { return a == "-h" || a == "--help"; });
 }
 
+bool ParseInteger(const std::string& text, long long min, long long max, long long& value)
+{
+    if (text.empty() || isspace(static_cast<unsigned char>(text[0])))
+        return false;
+    char* end = nullptr;
+    errno = 0;
+    long long number = strtoll(text.c_str(), &end, 0);
+    if (*end || errno || number < min || number > max)
+        return false;
+    value = number;
+    return true;
+}
+
 }  // namespace tqmtool
 
 int main(int argc, char** argv)
@@ -81,8 +97,11 @@ int main(int argc, char** argv)
     using namespace tqmtool;
     InstallToolBoxHook();
 
-    if (argc < 2 || !strcmp(argv[1], "-h") || !strcmp(argv[1], "--help") || !strcmp(argv[1], "help")) {
-        if (argc >= 3 && !strcmp(argv[1], "help") && registry().count(argv[2])) {
+    // "tqm help COMMAND" shows the command's usage; "tqm help" with anything
+    // else goes to the help command (a library's help).
+    const bool helpOnCommand = argc >= 2 && !strcmp(argv[1], "help") && (argc < 3 || registry().count(argv[2]));
+    if (argc < 2 || !strcmp(argv[1], "-h") || !strcmp(argv[1], "--help") || helpOnCommand) {
+        if (argc >= 3 && helpOnCommand) {
             fputs(registry()[argv[2]].usage, stdout);
             return kExitOk;
         }

@@ -1,0 +1,195 @@
+// Completing a library's file set: families, languages, objects, sources.
+#include "libcatalog/FileSetCompletion.h"
+
+#include "config/Profile.h"
+#include "libcatalog/CatalogueFiles.h"
+#include "libcatalog/DescriptionReaders.h"
+#include "libcatalog/logic/LibraryMembers.h"
+#include "libcatalog/logic/ObjectFile.h"
+#include "libcatalog/logic/SourceDirectives.h"
+#include "paths/PathNames.h"
+
+namespace tqm {
+namespace {
+
+// Adds every file (not folder, not backup) that matches pattern in folder.
+void addMatches(const std::string& folder, const std::string& pattern, LibraryFileSet& set)
+{
+    ForEachMatch(folder + "\\" + pattern, [&](const WIN32_FIND_DATAA& data) {
+        if (!IsFolder(data) && !HasExtension(data.cFileName, ".bak"))
+            set.AddFile(folder + "\\" + data.cFileName);
+        return true;
+    });
+}
+
+// A family or language name used as a file or folder name: a plain name
+// without folders or wildcards, else it names nothing of this library.
+bool isPlainName(const std::string& name) { return TQMIsValidFileName(name.c_str(), TRUE) != FALSE; }
+
+void addLanguageFiles(const std::string& folder, const std::string& family, const std::string& language,
+                      LibraryFileSet& set)
+{
+    const std::string languageFolder = folder + "\\" + language;
+    addMatches(languageFolder, family + ".*", set);
+    const std::string familyFile = languageFolder + "\\" + family + ".dff";
+    if (!IsExistingFile(familyFile.c_str()))
+        return;
+    const CString help = TQMGetProfileString("__Library", "Help", "", familyFile.c_str());
+    if (help.IsEmpty())
+        return;
+    if (!isPlainName(help.GetString())) {
+        set.Raise("Warning: Invalid help file name (%s) in file: %s", help.GetString(), familyFile.c_str());
+        return;
+    }
+    const std::string helpFile = languageFolder + "\\" + help.GetString();
+    if (IsExistingFile(helpFile.c_str()))
+        set.AddFile(helpFile);
+}
+
+// A name from a directive or an object file, as a full path from folder.
+std::string resolveName(const std::string& folder, const std::string& name)
+{
+    if (!TQMHasDir(name.c_str()))
+        return folder + "\\" + name;
+    return TQMGetFullPath(folder.c_str(), name.c_str()).GetString();
+}
+
+// name with ext appended when its last component has no extension.
+std::string withDefaultExtension(const std::string& name, const char* ext)
+{
+    const size_t lastSeparator = name.find_last_of("\\/:");
+    const size_t lastDot = name.rfind('.');
+    const bool hasExtension = lastDot != std::string::npos &&
+                              (lastSeparator == std::string::npos || lastDot > lastSeparator);
+    return hasExtension ? name : name + ext;
+}
+
+void readObjectFile(const std::string& path, LibraryFileSet& set)
+{
+    std::vector<uint8_t> bytes;
+    const FileRead read = ReadWholeFile(path.c_str(), bytes);
+    if (read == FileRead::CannotOpen)
+        return;
+    if (read == FileRead::ReadError) {
+        set.Raise("Error: Can't read file: %s", path.c_str());
+        return;
+    }
+    const ObjectFileNames found = ReadObjectFileNames(bytes.data(), bytes.size());
+    const std::string folder = FolderOf(path);
+    for (const std::string& name : found.names) {
+        if (isPlainName(name))
+            set.AddFile(folder + "\\" + name);
+    }
+    switch (found.fault) {
+    case ObjectFileFault::None:
+        break;
+    case ObjectFileFault::UnsupportedVersion:
+        set.Raise("Error: Unsupported object file version (%u): %s", found.version, path.c_str());
+        break;
+    case ObjectFileFault::BadChecksum:
+        set.Raise("Error: Bad checksum in object file: %s", path.c_str());
+        break;
+    case ObjectFileFault::Unreadable:
+        set.Raise("Error: Can't read file: %s", path.c_str());
+        break;
+    }
+}
+
+// A source file being scanned: its directives and the next one to take.
+struct OpenSource
+{
+    std::string folder;
+    std::vector<SourceDirective> directives;
+    size_t next = 0;
+};
+
+OpenSource openSource(const std::string& path, LibraryFileSet& set)
+{
+    OpenSource source;
+    source.folder = FolderOf(path);
+    std::vector<uint8_t> bytes;
+    const FileRead read = ReadWholeFile(path.c_str(), bytes);
+    if (read == FileRead::ReadError)
+        set.Raise("Error: Can't read file: %s", path.c_str());
+    if (read != FileRead::Ok)
+        return source;
+    const char* text = reinterpret_cast<const char*>(bytes.data());
+    if (ClassifyLibraryMember(path.c_str()) == LibraryMemberKind::Enciphered) {
+        // Enciphered text holds no readable directives; only its signature is checked.
+        if (!HasEncipheredSignature(text, bytes.size()))
+            set.Raise("Error: Invalid encrypted file signature: %s", path.c_str());
+        return source;
+    }
+    source.directives = ScanSourceDirectives(text, bytes.size());
+    return source;
+}
+
+// Scans a source and, depth first, every new file it includes. The open
+// sources live on a stack of their own, so deep inclusion chains cannot
+// exhaust the thread's stack.
+void scanSource(const std::string& path, LibraryFileSet& set)
+{
+    std::vector<OpenSource> open;
+    open.push_back(openSource(path, set));
+    while (!open.empty()) {
+        OpenSource& top = open.back();
+        if (top.next == top.directives.size()) {
+            open.pop_back();
+            continue;
+        }
+        const SourceDirective directive = top.directives[top.next++];
+        if (!TQMIsValidPathName(directive.name.c_str(), FALSE))
+            continue;
+        if (directive.kind != SourceDirectiveKind::Include) {
+            const std::string name = withDefaultExtension(directive.name, DefaultDirectiveExtension(directive.kind));
+            const std::string full = resolveName(top.folder, name);
+            if (IsExistingFile(full.c_str()))
+                set.AddFile(full);
+            continue;
+        }
+        const std::string full = resolveName(top.folder, directive.name);
+        if (!set.AddFile(full) || !IsScannedAsSource(ClassifyLibraryMember(full.c_str())))
+            continue;
+        set.MarkDone(set.FileCount() - 1);
+        open.push_back(openSource(full, set));
+    }
+}
+
+}  // namespace
+
+void CompleteLibraryFileSet(const std::string& folder, LibraryFileSet& set)
+{
+    const std::vector<std::string> families = set.Families();
+    for (const std::string& family : families) {
+        if (isPlainName(family))
+            addMatches(folder, family + ".*", set);
+    }
+    for (const std::string& family : families) {
+        for (const LibraryLanguage& language : set.Languages()) {
+            if (isPlainName(family) && isPlainName(language.name))
+                addLanguageFiles(folder, family, language.name, set);
+        }
+    }
+
+    for (size_t i = 0; i < set.FileCount(); ++i) {
+        if (!set.MarkDone(i))
+            continue;
+        const std::string path = set.FileAt(i);
+        switch (ClassifyLibraryMember(path.c_str())) {
+        case LibraryMemberKind::FamilyFile:
+            set.RemoveFileAt(i);
+            break;
+        case LibraryMemberKind::ObjectFile:
+            readObjectFile(path, set);
+            break;
+        case LibraryMemberKind::Source:
+        case LibraryMemberKind::Enciphered:
+            scanSource(path, set);
+            break;
+        default:
+            break;
+        }
+    }
+}
+
+}  // namespace tqm
