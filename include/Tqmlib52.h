@@ -10,8 +10,9 @@
  * resultPath hold MAX_PATH characters unless a size is passed with them.
  *
  * The functions that take or return the framework's C++ types (CString,
- * CStringArray) and the exported classes are declared in the C++ headers
- * beside this one (config/, paths/, datafiles/, diag/, ui/).
+ * CStringArray, CWnd) and the exported classes are declared in the C++
+ * headers beside this one (config/, paths/, libcatalog/, datafiles/, ipc/,
+ * diag/, ui/, framework/).
  */
 #ifndef TQMLIB52_H
 #define TQMLIB52_H
@@ -50,6 +51,45 @@ typedef int(CALLBACK* TQMMESSAGEBOXHOOK)(HWND hWndOwner, const char* pszText, co
 #define TARN_VERBOSE_WARNING 0x20000000   /* prefix "Warning: " */
 #define TARN_VERBOSE_TO_VMX 0x01000000    /* to the project manager, no thread number */
 #define TARN_VERBOSE_NO_THREAD 0x02000000 /* to the trace viewer, no thread number */
+
+/* What ExchangeData sends and receives. */
+#ifndef TQM_EXCHANGEDATA_DEFINED
+#define TQM_EXCHANGEDATA_DEFINED
+typedef struct tagEXCHANGEDATA
+{
+    HWND hWndPartner;           /* receives the request */
+    HWND hWndOwner;             /* the sender's window: gets the reply, owns error boxes */
+    const char* pszSectionName; /* the request section's name */
+    DWORD dwRequestSize;        /* request bytes, at most TQM_EXCHANGE_REQUEST_SIZE */
+    const void* pRequest;
+    DWORD dwReplySize;          /* out: reply bytes */
+    void* pReply;               /* out: the reply and one zero byte; free with HeapFree(GetProcessHeap(), ...) */
+} EXCHANGEDATA;
+#endif
+
+/* What ExecApp found of the program it started. */
+#ifndef TQM_EXECAPPINFO_DEFINED
+#define TQM_EXECAPPINFO_DEFINED
+typedef struct tagEXECAPPINFO
+{
+    HINSTANCE hInstance; /* the main window's instance, 0 if none */
+    HWND hWndMain;       /* the program's main window, 0 if none was found */
+    HANDLE hProcess;     /* already closed when ExecApp returns */
+    HANDLE hThread;      /* already closed when ExecApp returns */
+    DWORD dwProcessId;
+    DWORD dwThreadId;
+} EXECAPPINFO;
+#endif
+
+/* The largest request ExchangeData sends, in bytes. */
+#define TQM_EXCHANGE_REQUEST_SIZE 10240
+/* The longest string a molecule holds. */
+#define TQM_MOLECULE_MAX_LENGTH 6629
+/* PostMessageAndWaitAck's result when the receiving window went away. */
+#define TQM_ACK_PARTNER_GONE ((LRESULT)0xFFFFFFFFu)
+/* Levels of TQMDisplayMessage (0 or less: derived from the text). */
+#define TARN_MESSAGE_WARNING 1
+#define TARN_MESSAGE_ERROR 2
 
 #ifdef __cplusplus
 extern "C" {
@@ -224,6 +264,36 @@ TQMLIB52_API int WINAPI TQMGetVMXVersion(void);
 /* The Windows family: 0 unknown, 1 Win32s, 2 Windows 95, 3 Windows 98 or Me, 4 NT. */
 TQMLIB52_API int WINAPI TQMGetWindowsVersion(void);
 
+/* ---- Library catalogue ---- */
+
+/* Library lists are global memory blocks of NUL-terminated strings closed by
+   one more NUL; the caller frees them with GlobalFree. */
+
+/* The full paths of all installed library descriptions (one per library ID with removeDuplicates); NULL when memory fails. */
+TQMLIB52_API HGLOBAL WINAPI TQMGetInstalledLibraries(BOOL removeDuplicates);
+/* The descriptions the project file names; NULL when it does not exist or memory fails. */
+TQMLIB52_API HGLOBAL WINAPI TQMGetProjectLibraries(const char* projectFile);
+/* The other libraries (installed, or the project's) with the ID id, as "name\tid\tversion\tdistributor\t" lines; NULL when none. */
+TQMLIB52_API HGLOBAL WINAPI TQMCheckLibraryID(const char* id, const char* ownName, const char* projectFile);
+/* The version number of a library version text into *value (always written); TRUE when well-formed. */
+TQMLIB52_API BOOL WINAPI TQMParseLibraryVersion(const char* text, DWORD* value);
+/* Every file of the library the description names, the description first; messages, if not NULL, gets problem lines. */
+TQMLIB52_API HGLOBAL WINAPI TQMGetLibraryFiles(const char* descriptionFile, HGLOBAL* messages);
+/* Old libraries still to convert in the tab-separated folders; NULL when stopped or memory fails. */
+TQMLIB52_API HGLOBAL WINAPI TQMGetConvertableLibraries(const char* folders, BOOL recurse);
+/* Stops a running TQMGetConvertableLibraries scan; safe from any thread. */
+TQMLIB52_API void WINAPI TQMStopGetConvertableLibraries(void);
+/* The preferred language of libraries into code (at least 3 bytes). */
+TQMLIB52_API void WINAPI TQMGetLibLanguage(char* code);
+/* The language of the suite's programs into code (at least 3 bytes). */
+TQMLIB52_API void WINAPI TQMGetAppLanguage(char* code);
+/* The language to show the library in into code (3 bytes): the preferred one if listed, else its first; TRUE only for the preferred. */
+TQMLIB52_API BOOL WINAPI TQMGetUsableLibLanguage(const char* descriptionFile, char* code);
+/* The library's help file in its usable language into path (MAX_PATH); FALSE and "" when it names none. */
+TQMLIB52_API BOOL WINAPI TQMGetLibHelpFilePath(const char* descriptionFile, char* path);
+/* Shows the library's help at keyword (NULL: its contents); FALSE after a box owned by owner on a problem. */
+TQMLIB52_API BOOL WINAPI TQMDisplayLibraryHelp(HWND owner, const char* descriptionFile, const char* keyword);
+
 /* ---- CRC ---- */
 
 /* The running CRC-32 after the bytes: start with 0xFFFFFFFF, invert the last result. */
@@ -236,6 +306,39 @@ TQMLIB52_API void WINAPI CrcInit(void);
 TQMLIB52_API WORD WINAPI CrcCalc(WORD wCrc, void* pData, UINT nLength);
 /* The CRC-16 of a text file's head (before the first zero byte in the first 1024); 0 on failure. */
 TQMLIB52_API WORD WINAPI CrcFileCalc(HWND hWndOwner, const char* pszPath);
+
+/* ---- Cooperation between the suite's processes ---- */
+
+/* A global atom for a string of up to TQM_MOLECULE_MAX_LENGTH characters (a molecule when long); 0 on failure. */
+TQMLIB52_API ATOM WINAPI GlobalAddMolecule(const char* pszString);
+/* At most nSize - 1 characters of the molecule's string into pszBuffer, terminated; the number copied. */
+TQMLIB52_API int WINAPI GlobalGetMoleculeName(ATOM nAtom, char* pszBuffer, int nSize);
+/* Deletes the molecule's pieces and head; 0 on success. */
+TQMLIB52_API ATOM WINAPI GlobalDeleteMolecule(ATOM nAtom);
+/* The registered message number of "Tarn52.MsgAck". */
+TQMLIB52_API UINT WINAPI RegisterQM4AckMessage(void);
+/* Posts nMsg to hWnd and waits for an acknowledgement: its lParam, TQM_ACK_PARTNER_GONE, or 0 when a quit message ended the wait. */
+TQMLIB52_API LRESULT WINAPI PostMessageAndWaitAck(HWND hWnd, UINT nMsg, WPARAM wParam, LPARAM lParam);
+/* Acknowledges to the waiting sender's window hWnd with lResult. */
+TQMLIB52_API BOOL WINAPI PostAckMessage(HWND hWnd, LPARAM lResult);
+/* Hands the request to pData->hWndPartner through shared memory and waits for its reply; FALSE after a box on failure. */
+TQMLIB52_API BOOL WINAPI ExchangeData(EXCHANGEDATA* pData);
+/* Tells the project manager that a file was saved; TRUE when it runs. */
+TQMLIB52_API BOOL WINAPI TQMNotifyFileSaved(const char* filePath, const char* info);
+/* Shows text in the project manager's message window at level (TARN_MESSAGE_...); TRUE when it runs. */
+TQMLIB52_API BOOL WINAPI TQMDisplayMessage(const char* text, int level);
+/* Does nothing: kept so that programs built for tracing link unchanged. */
+TQMLIB52_API void WINAPI TQMTRACE(const char* text);
+/* Starts the suite's program pszApp from the applications directory and finds its main window; FALSE when it could not start. */
+TQMLIB52_API BOOL WINAPI ExecApp(HWND hWndParent, const char* pszApp, const char* pszArgs, EXECAPPINFO* pInfo, WORD nShow);
+/* TRUE while the program ExecApp started still has its main window and runs. */
+TQMLIB52_API BOOL WINAPI IsAppRunning(EXECAPPINFO* pInfo);
+/* The next line of the file opened with OpenFile or _lopen into pszLine (at most nSize - 1 bytes, CRs removed); FALSE at the end or on an error. */
+TQMLIB52_API BOOL WINAPI ReadFileLine(HFILE hFile, char* pszLine, UINT nSize);
+/* The desktop docking settings: dock position (1 none, 2 to 5 left, right, top, bottom) and whether dialogs dock; either may be NULL. */
+TQMLIB52_API void WINAPI DesktopDocking_GetSettings(int* pDockPos, BOOL* pDockDialogs);
+/* Fits a dialog box beside the docked project manager; FALSE when there is nothing to fit to. */
+TQMLIB52_API BOOL WINAPI DesktopDocking_SizeWindowToManager(HWND hWnd);
 
 /* ---- Diagnostics ---- */
 
@@ -257,6 +360,26 @@ TQMLIB52_API void __cdecl TarnMessageBox(const char* pszFormat, ...);
 TQMLIB52_API TQMBOOL8 WINAPI TarnHexDump(const BYTE* pData, int nLength);
 /* Sends one formatted line to the trace viewer or the project manager; true when it arrived. */
 TQMLIB52_API TQMBOOL8 __cdecl TarnVerbose(int nFlags, const char* pszFormat, ...);
+
+
+/* ---- Window helpers ---- */
+
+/* 1 when hWnd is a window of the class className, else 0. */
+TQMLIB52_API BOOL WINAPI IsWindowOfClass(HWND hWnd, const char* className);
+/* Destroys every descendant of hParent of the class className (all when NULL). */
+TQMLIB52_API BOOL WINAPI DestroyWindowsOfClass(HWND hParent, const char* className);
+/* Repaints at once every descendant of hParent of the class className. */
+TQMLIB52_API BOOL WINAPI UpdateChildWindows(HWND hParent, const char* className);
+/* The last window up the chain of parents and owners of hWnd; hWnd when it has none. */
+TQMLIB52_API HWND WINAPI GetWindowGrandParent(HWND hWnd);
+/* The topmost window of the class className whose rectangle holds the screen point pt; NULL if none. */
+TQMLIB52_API HWND WINAPI IsClassNameStackAtPt(POINT pt, const char* className);
+/* Centres hWnd on hRef, kept on the primary screen where it fits; the result of SetWindowPos. */
+TQMLIB52_API BOOL WINAPI CenterWnd(HWND hWnd, HWND hRef);
+/* 1 when hWnd is a topmost window, else 0. */
+TQMLIB52_API BOOL WINAPI IsTopMost(HWND hWnd);
+/* Centres hWnd on the desktop unless desktop docking is off. */
+TQMLIB52_API void WINAPI TQMCenterWindow(HWND hWnd);
 
 #ifdef __cplusplus
 }

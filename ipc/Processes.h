@@ -10,7 +10,10 @@
 
 // What ExecApp found of the program it started. The handles are pointer-
 // sized in both builds (32 bits each in the shipped 32-bit one), the ids 32
-// bits.
+// bits. Tqmlib52.h defines the structure too, for C programs: whichever comes
+// first does.
+#ifndef TQM_EXECAPPINFO_DEFINED
+#define TQM_EXECAPPINFO_DEFINED
 typedef struct tagEXECAPPINFO
 {
     HINSTANCE hInstance;  // the main window's instance (its GWLP_HINSTANCE), 0 if none
@@ -20,6 +23,7 @@ typedef struct tagEXECAPPINFO
     DWORD dwProcessId;
     DWORD dwThreadId;
 } EXECAPPINFO;
+#endif
 
 // Starts pszApp from the applications directory (TQMGetAppsDir) - whatever
 // folder the name carries; ".exe" is added to a name without a dot - with
