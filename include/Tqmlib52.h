@@ -52,9 +52,9 @@ typedef int(CALLBACK* TQMMESSAGEBOXHOOK)(HWND hWndOwner, const char* pszText, co
 #define TARN_VERBOSE_TO_VMX 0x01000000    /* to the project manager, no thread number */
 #define TARN_VERBOSE_NO_THREAD 0x02000000 /* to the trace viewer, no thread number */
 
-/* What ExchangeData sends and receives. */
 #ifndef TQM_EXCHANGEDATA_DEFINED
 #define TQM_EXCHANGEDATA_DEFINED
+/* What ExchangeData sends and receives. */
 typedef struct tagEXCHANGEDATA
 {
     HWND hWndPartner;           /* receives the request */
@@ -67,9 +67,9 @@ typedef struct tagEXCHANGEDATA
 } EXCHANGEDATA;
 #endif
 
-/* What ExecApp found of the program it started. */
 #ifndef TQM_EXECAPPINFO_DEFINED
 #define TQM_EXECAPPINFO_DEFINED
+/* What ExecApp found of the program it started. */
 typedef struct tagEXECAPPINFO
 {
     HINSTANCE hInstance; /* the main window's instance, 0 if none */

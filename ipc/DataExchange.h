@@ -28,11 +28,12 @@
 // The size of the request section; a request must fit into it.
 #define TQM_EXCHANGE_REQUEST_SIZE 10240
 
-// The handles and pointers are pointer-sized in both builds; the sizes are
-// 32 bits. Tqmlib52.h defines the structure too, for C programs: whichever
-// comes first does.
+// Tqmlib52.h defines the structure too, for C programs: whichever comes
+// first does.
 #ifndef TQM_EXCHANGEDATA_DEFINED
 #define TQM_EXCHANGEDATA_DEFINED
+// What ExchangeData sends and receives. The handles and pointers are
+// pointer-sized in both builds; the sizes are 32 bits.
 typedef struct tagEXCHANGEDATA
 {
     HWND hWndPartner;            // receives the request

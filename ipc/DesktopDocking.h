@@ -45,6 +45,7 @@
 // The project manager's main window class, by which the clients find it.
 #define TARN_PROJECT_MANAGER_CLASS "Tarn52:VmxWClass"
 
+// The project manager's side: docks its main window at an edge and keeps the clients beside it.
 class TQM_CLASS CDesktopDockingManager
 {
 public:
@@ -109,6 +110,7 @@ private:
     const RECT& refreshWorkArea();
 };
 
+// Another program's side: fills the rest of the work area beside the docked project manager.
 class TQM_CLASS CDesktopDockingClient
 {
 public:

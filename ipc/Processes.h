@@ -8,12 +8,13 @@
 
 #include "framework/Export.h"
 
-// What ExecApp found of the program it started. The handles are pointer-
-// sized in both builds (32 bits each in the shipped 32-bit one), the ids 32
-// bits. Tqmlib52.h defines the structure too, for C programs: whichever comes
+// Tqmlib52.h defines the structure too, for C programs: whichever comes
 // first does.
 #ifndef TQM_EXECAPPINFO_DEFINED
 #define TQM_EXECAPPINFO_DEFINED
+// What ExecApp found of the program it started. The handles are pointer-
+// sized in both builds (32 bits each in the shipped 32-bit one), the ids 32
+// bits.
 typedef struct tagEXECAPPINFO
 {
     HINSTANCE hInstance;  // the main window's instance (its GWLP_HINSTANCE), 0 if none
