@@ -1,8 +1,9 @@
 cmake_minimum_required(VERSION 3.20)
 # Judges Doxygen's warnings about the public headers: every one fails the
-# reference except an undocumented class member, macro, typedef, variable or
-# enumerator, which the reference lists without a description (the framework
-# types describe their members by section, as MFC's do). A function or a
+# reference except an undocumented member of a class or structure, macro,
+# typedef, variable or enumerator, which the reference lists without a
+# description (the framework types describe their members by section, as
+# MFC's do). A function or a
 # class without a comment of its own, and every malformed comment, fail.
 # Arguments: LOG.
 file(STRINGS ${LOG} warnings REGEX "warning:")
