@@ -7,23 +7,8 @@ cmake_minimum_required(VERSION 3.20)
 #  - no stdcall function leaks out under its decorated name by accident;
 #  - the DLL and the programs import nothing but system DLLs.
 # Arguments: OBJDUMP, ARCH, DLL, PROGRAMS (;-list), ENTRIES (,-list of NAME[:flag]).
-execute_process(COMMAND ${OBJDUMP} -p ${DLL} OUTPUT_VARIABLE dump RESULT_VARIABLE rc)
-if(NOT rc EQUAL 0)
-  message(FATAL_ERROR "cannot read ${DLL}")
-endif()
-
-string(REGEX MATCH "\\[Ordinal/Name Pointer\\] Table[^\n]*\n(.*)" table "${dump}")
-set(table "${CMAKE_MATCH_1}")
-string(FIND "${table}" "\n\n" table_end)
-if(table_end GREATER -1)
-  string(SUBSTRING "${table}" 0 ${table_end} table)
-endif()
-string(REGEX MATCHALL "\\[ *[0-9]+\\] [^\n]+" rows "${table}")
-set(exported "")
-foreach(row IN LISTS rows)
-  string(REGEX REPLACE "^\\[ *[0-9]+\\] " "" name "${row}")
-  list(APPEND exported "${name}")
-endforeach()
+include(${CMAKE_CURRENT_LIST_DIR}/ExportTable.cmake)
+tqm_read_export_table(${OBJDUMP} ${DLL} exported)
 
 string(REPLACE "," ";" entries "${ENTRIES}")
 set(expected "")

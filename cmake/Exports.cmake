@@ -6,6 +6,10 @@
 #   NAME@N decorated  stdcall exported on i686 under the name Microsoft's
 #                     compiler gives it, _NAME@N: the name that programs
 #                     built with that compiler import
+#   ... c++           takes or returns the framework's C++ types (CString,
+#                     CStringArray), so it is declared in its C++ header only;
+#                     every other plain function is declared in the C header
+#                     include/Tqmlib52.h as well (the "cheader" test checks it)
 # From these lists the build writes the module-definition file. On i686 it
 # also remakes the import library, so that programs calling NAME@N bind to the
 # undecorated export. The same lists are the export check's contract.

@@ -13,11 +13,16 @@
 
 #include "framework/Export.h"
 
+// Tqmlib52.h defines the pair too, for C programs: whichever comes first does.
+#ifndef TQM_IDTABLE_DEFINED
+#define TQM_IDTABLE_DEFINED
+// One pair of a table: a name and its id.
 typedef struct tagIDTABLE
 {
     const char* pszName;  // NULL closes the table
     int nID;              // in the closing pair: the default id
 } IDTABLE;
+#endif
 
 // The id of name (compared with lstrcmpA, case-sensitive), or the default id.
 extern "C" TQM_CAPI int WINAPI StringToID(const IDTABLE* table, const char* name);

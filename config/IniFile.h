@@ -33,6 +33,7 @@
 
 struct CTQMIniFileStorage;
 
+// An INI document: sections of name=value entries, read, edited and written back.
 class TQM_CLASS CTQMIniFile
 {
 public:

@@ -13,6 +13,7 @@
 #include "framework/CString.h"
 #include "framework/Export.h"
 
+// The calling program's own settings, through its application object.
 class TQM_CLASS CRegistry
 {
 public:

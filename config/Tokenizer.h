@@ -14,6 +14,7 @@
 #include "framework/CString.h"
 #include "framework/Export.h"
 
+// Splits a text at a separator character, one token at a time.
 class TQM_CLASS CTQMTokenizer
 {
     // Data members (in this order; the layout crosses the interface)

@@ -45,6 +45,7 @@
 
 struct CRecFileAccess;
 
+// A typed, checksummed record file, written and read one record after the other.
 class TQM_CLASS CRecFile
 {
 public:

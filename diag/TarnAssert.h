@@ -21,6 +21,7 @@
 
 namespace tqm {
 
+// A file name cut at compile time, held in a buffer as long as the path.
 template <size_t N>
 struct SourceName
 {

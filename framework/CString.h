@@ -16,6 +16,7 @@
 #include <stdarg.h>
 #include <stddef.h>
 
+// A single-byte string in the system code page, as MFC's CString.
 class CString
 {
 public:
@@ -123,7 +124,7 @@ private:
     char* m_pszData;
 };
 
-// Concatenation
+// Concatenation: a new string of both operands.
 CString operator+(const CString& a, const CString& b);
 CString operator+(const CString& a, const char* b);
 CString operator+(const char* a, const CString& b);

@@ -16,6 +16,7 @@ struct __POSITION
 };
 typedef __POSITION* POSITION;
 
+// The array behind CPtrArray and CStringArray: index-checked, growing on demand.
 template <typename T>
 class CFrameworkArray
 {
@@ -96,10 +97,12 @@ protected:
     std::vector<T> m_items;
 };
 
+// An array of pointers, as MFC's CPtrArray.
 class CPtrArray : public CFrameworkArray<void*>
 {
 };
 
+// An array of strings, as MFC's CStringArray.
 class CStringArray : public CFrameworkArray<CString>
 {
 public:
@@ -107,6 +110,7 @@ public:
     using CFrameworkArray<CString>::Add;
 };
 
+// A doubly linked list of strings walked by POSITION, as MFC's CStringList.
 class CStringList
 {
 public:

@@ -9,6 +9,7 @@
 
 #include "framework/CString.h"
 
+// The base of the framework's exceptions; Delete() disposes of a caught one.
 class CException
 {
 public:
@@ -25,18 +26,21 @@ public:
     virtual BOOL GetErrorMessage(char* pszError, UINT nMaxError, UINT* pnHelpContext = nullptr) const;
 };
 
+// Memory ran out.
 class CMemoryException : public CException
 {
 public:
     BOOL GetErrorMessage(char* pszError, UINT nMaxError, UINT* pnHelpContext = nullptr) const override;
 };
 
+// A caller passed an argument out of range (a negative index, for one).
 class CInvalidArgException : public CException
 {
 public:
     BOOL GetErrorMessage(char* pszError, UINT nMaxError, UINT* pnHelpContext = nullptr) const override;
 };
 
+// A file operation failed: the cause, the system's error code and the file.
 class CFileException : public CException
 {
 public:
@@ -73,6 +77,9 @@ public:
     CString m_strFileName;
 };
 
+// Throws a new CMemoryException.
 [[noreturn]] void AfxThrowMemoryException();
+// Throws a new CInvalidArgException.
 [[noreturn]] void AfxThrowInvalidArgException();
+// Throws a new CFileException with the cause, the system's error code and the file.
 [[noreturn]] void AfxThrowFileException(int cause, LONG lOsError = -1, const char* pszFileName = nullptr);

@@ -9,6 +9,7 @@
 
 #include <utility>
 
+// A point that builds from coordinates or from a mouse message's lParam.
 class CPoint : public POINT
 {
 public:
@@ -21,6 +22,7 @@ public:
     }
 };
 
+// The owner of one GDI object, deleted with it.
 class CGdiObject
 {
 public:
@@ -40,6 +42,7 @@ public:
     HGDIOBJ m_hObject = nullptr;
 };
 
+// A font, owned and deleted with the object.
 class CFont : public CGdiObject
 {
 public:
@@ -52,6 +55,7 @@ public:
     operator HFONT() const { return static_cast<HFONT>(m_hObject); }
 };
 
+// A device context handed over by a message; not owned, not released.
 class CDC
 {
 public:

@@ -9,7 +9,9 @@
 
 #include "framework/Export.h"
 
+// The module the string-id forms of the debug output load their formats from.
 TQM_CPPAPI HINSTANCE AfxGetResourceHandle();
+// Makes hResource that module (a program whose strings live in a resource DLL).
 TQM_CPPAPI void AfxSetResourceHandle(HINSTANCE hResource);
 
 #ifdef TQMLIB_BUILD

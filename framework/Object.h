@@ -14,10 +14,11 @@
 
 #include "framework/Export.h"
 
+// The name, size and base of a class derived from CObject (DECLARE_DYNAMIC).
 struct TQM_CLASS CRuntimeClass
 {
-    const char* m_lpszClassName;
-    int m_nObjectSize;
+    const char* m_lpszClassName;  // the class name as written
+    int m_nObjectSize;            // sizeof the class
     const CRuntimeClass* m_pBaseClass;  // NULL for CObject
 
     // True when this class is pBaseClass or derives from it.
@@ -36,6 +37,7 @@ public:                                                                  \
                                                          RUNTIME_CLASS(base_class_name)};        \
     const CRuntimeClass* class_name::GetRuntimeClass() const { return RUNTIME_CLASS(class_name); }
 
+// The root of the window classes, with their run-time class information.
 class TQM_CLASS CObject
 {
 public:

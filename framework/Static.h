@@ -7,6 +7,7 @@
 
 #include "framework/Wnd.h"
 
+// A static control (text, icon or bitmap) as a window object.
 class TQM_CLASS CStatic : public CWnd
 {
     DECLARE_DYNAMIC(CStatic)

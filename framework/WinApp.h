@@ -30,6 +30,7 @@
 #include "framework/CString.h"
 #include "framework/Export.h"
 
+// The program's application object: its name and where its own settings live.
 class TQM_CLASS CWinApp
 {
 public:

@@ -35,6 +35,7 @@
 // Reflected messages: the child's object receives WM_REFLECT_BASE + message.
 #define WM_REFLECT_BASE 0xBC00
 
+// A window: the object stands for an HWND, attached or subclassed, and receives its messages.
 class TQM_CLASS CWnd : public CObject
 {
     DECLARE_DYNAMIC(CWnd)

@@ -28,8 +28,12 @@
 // The size of the request section; a request must fit into it.
 #define TQM_EXCHANGE_REQUEST_SIZE 10240
 
-// The handles and pointers are pointer-sized in both builds; the sizes are
-// 32 bits.
+// Tqmlib52.h defines the structure too, for C programs: whichever comes
+// first does.
+#ifndef TQM_EXCHANGEDATA_DEFINED
+#define TQM_EXCHANGEDATA_DEFINED
+// What ExchangeData sends and receives. The handles and pointers are
+// pointer-sized in both builds; the sizes are 32 bits.
 typedef struct tagEXCHANGEDATA
 {
     HWND hWndPartner;            // receives the request
@@ -40,6 +44,7 @@ typedef struct tagEXCHANGEDATA
     DWORD dwReplySize;           // out: reply bytes
     void* pReply;                // out: the reply and one zero byte; free with HeapFree(GetProcessHeap(), ...)
 } EXCHANGEDATA;
+#endif
 
 // Sends the request and waits for the reply. FALSE, after a "System Error"
 // box owned by hWndOwner with the system's reason, when a section cannot be

@@ -43,6 +43,7 @@
 #include "framework/Gdi.h"
 #include "framework/Wnd.h"
 
+// The project manager's side: docks its main window at an edge and keeps the clients beside it.
 class TQM_CLASS CDesktopDockingManager
 {
 public:
@@ -107,6 +108,7 @@ private:
     const RECT& refreshWorkArea();
 };
 
+// Another program's side: fills the rest of the work area beside the docked project manager.
 class TQM_CLASS CDesktopDockingClient
 {
 public:

@@ -8,6 +8,10 @@
 
 #include "framework/Export.h"
 
+// Tqmlib52.h defines the structure too, for C programs: whichever comes
+// first does.
+#ifndef TQM_EXECAPPINFO_DEFINED
+#define TQM_EXECAPPINFO_DEFINED
 // What ExecApp found of the program it started. The handles are pointer-
 // sized in both builds (32 bits each in the shipped 32-bit one), the ids 32
 // bits.
@@ -20,6 +24,7 @@ typedef struct tagEXECAPPINFO
     DWORD dwProcessId;
     DWORD dwThreadId;
 } EXECAPPINFO;
+#endif
 
 // Starts pszApp from the applications directory (TQMGetAppsDir) - whatever
 // folder the name carries; ".exe" is added to a name without a dot - with

@@ -111,8 +111,9 @@ extern "C" TQM_CAPI int WINAPI TQMGetQM5BaseRegistryKey(char* dst);
 TQM_CPPAPI CString WINAPI TQMGetQM5BaseRegistryKey();
 
 // For callers of the previous generation, which expect a trailing backslash:
-// the buffer forms of TQMGetAppsDir, TQMGetLocalDir and TQMGetProjectsDir with
-// one backslash appended. They return dst.
+// the buffer form of TQMGetAppsDir with one backslash appended; returns dst.
 extern "C" TQM_CAPI char* WINAPI GetQM4AppsDir(char* dst);
+// The buffer form of TQMGetLocalDir with one backslash appended; returns dst.
 extern "C" TQM_CAPI char* WINAPI GetQM4LocalDir(char* dst);
+// The buffer form of TQMGetProjectsDir with one backslash appended; returns dst.
 extern "C" TQM_CAPI char* WINAPI GetQM4ProjectsDir(char* dst);

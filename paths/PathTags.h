@@ -48,8 +48,11 @@ TQM_CPPAPI CString WINAPI TQMUnSubstAppPathTags(const char* path, const char* pr
 // is shorter than MAX_PATH; otherwise dst is left untouched. They return the
 // result's length either way, so a return of MAX_PATH or more means "too long".
 extern "C" TQM_CAPI int WINAPI TQMSubstAppPathTags(const char* path, char* dst);
+// The buffer form of TQMUnSubstAppPathTags(path).
 extern "C" TQM_CAPI int WINAPI TQMUnSubstAppPathTags(const char* path, char* dst);
+// The buffer form of TQMSubstAppPathTags(path, projDir, devDir).
 extern "C" TQM_CAPI int WINAPI TQMSubstAppPathTagsEx(const char* path, const char* projDir, const char* devDir,
                                                      char* dst);
+// The buffer form of TQMUnSubstAppPathTags(path, projDir, devDir).
 extern "C" TQM_CAPI int WINAPI TQMUnSubstAppPathTagsEx(const char* path, const char* projDir, const char* devDir,
                                                        char* dst);

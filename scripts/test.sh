@@ -2,6 +2,8 @@
 # The whole test suite, from a fresh Debian machine on:
 #   - installs what is missing (setup.sh), builds both architectures;
 #   - checks the i686 DLL's export table and both DLLs' imports;
+#   - checks the package: the C header, the import libraries, the examples
+#     built against the install tree, and the API reference;
 #   - runs every test program under Wine: x86_64 always, i686 where the
 #     32-bit Wine loader (wine32) is installed and runs at native speed;
 #   - replays the fuzzing regressions and fuzzes each parser briefly.
@@ -15,8 +17,11 @@ cd "$root"
 ./scripts/build.sh i686
 
 status=0
-echo "== i686: export table of Tqmlib52.dll and imports"
-(cd build/i686 && ctest --output-on-failure -R '^exports$') || status=1
+echo "== i686: export table of Tqmlib52.dll and imports; C header, import libraries, package"
+(cd build/i686 && ctest --output-on-failure -R '^(exports|cheader|importlib|package)$') || status=1
+
+echo "== API reference (no Doxygen warning allowed)"
+./scripts/docs.sh x86_64 || status=1
 
 echo "== x86_64: tests under wine64"
 (cd build/x86_64 && ctest --output-on-failure --timeout 900) || status=1
@@ -44,7 +49,7 @@ else
     echo "== i686: tests under wine32"
     i686_timeout=900
     [ -n "${TQM_I686_UNDER_EMULATION:-}" ] && i686_timeout=14400
-    (cd build/i686 && ctest --output-on-failure --timeout $i686_timeout -E '^exports$') || status=1
+    (cd build/i686 && ctest --output-on-failure --timeout $i686_timeout -E '^(exports|cheader|importlib|package)$') || status=1
 fi
 
 echo "== fuzzing: regressions, then ${TQM_FUZZ_SECONDS:-20} s per target"

@@ -9,6 +9,7 @@
 #include "framework/CString.h"
 #include "framework/Export.h"
 
+// A link target (a web address, a file or a program) and the opening of it.
 class TQM_CLASS CHyperlink
 {
 public:

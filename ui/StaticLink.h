@@ -18,6 +18,7 @@
 #include "framework/Static.h"
 #include "ui/Hyperlink.h"
 
+// A static control that shows a link and opens its target when clicked.
 class TQM_CLASS CStaticLink : public CStatic
 {
     DECLARE_DYNAMIC(CStaticLink)

@@ -17,6 +17,7 @@
 #include "framework/CString.h"
 #include "framework/Export.h"
 
+// The version resource of a program or library file.
 class TQM_CLASS CVersionInfo
 {
 public:
