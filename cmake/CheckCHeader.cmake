@@ -7,8 +7,11 @@ cmake_minimum_required(VERSION 3.20)
 #    them), its declarations agree with theirs: the compiler refuses a C
 #    function declared twice with other types or another calling convention;
 #  - a C program that calls every declared function links against each
-#    import library, so each declaration resolves to an export.
-# Arguments: CC, CXX, OBJDUMP, DLL, INCLUDE_DIR, ROOT (the source tree),
+#    import library, so each declaration resolves to an export;
+#  - the structures both headers define (each guarded, so a program sees
+#    only one) have the same size and member offsets in C as in C++: the
+#    DLL reads them as its C++ headers lay them out.
+# Arguments: CC, CXX, OBJDUMP, OBJCOPY, DLL, INCLUDE_DIR, ROOT (the source tree),
 # PUBLIC_HEADERS, IMPORT_LIBS and ENTRIES (,-lists), WORK (a scratch folder).
 include(${CMAKE_CURRENT_LIST_DIR}/ExportTable.cmake)
 set(header ${INCLUDE_DIR}/Tqmlib52.h)
@@ -110,6 +113,39 @@ foreach(import_lib IN LISTS import_libs)
   compile("a C program does not link against ${lib_name}"
           ${CC} -std=c99 -I${INCLUDE_DIR} ${WORK}/calls.c ${import_lib} -o ${WORK}/calls_${lib_name}.exe)
 endforeach()
+
+# The shared structures' layouts: sizes and offsets go into a section of
+# their own in a C object (from Tqmlib52.h) and a C++ one (from the C++
+# headers alone); the two sections' bytes must be equal.
+set(layouts
+    "IDTABLE:pszName,nID"
+    "EXCHANGEDATA:hWndPartner,hWndOwner,pszSectionName,dwRequestSize,pRequest,dwReplySize,pReply"
+    "EXECAPPINFO:hInstance,hWndMain,hProcess,hThread,dwProcessId,dwThreadId")
+set(layout_values "")
+foreach(layout IN LISTS layouts)
+  string(REPLACE ":" ";" parts "${layout}")
+  list(GET parts 0 type)
+  list(GET parts 1 members)
+  string(APPEND layout_values "    sizeof(${type}),\n")
+  string(REPLACE "," ";" members "${members}")
+  foreach(member IN LISTS members)
+    string(APPEND layout_values "    offsetof(${type}, ${member}),\n")
+  endforeach()
+endforeach()
+set(layout_array "__attribute__((section(\".tqmlay\"), used))\nconst unsigned long tqm_layout[] = {\n${layout_values}};\n")
+file(WRITE ${WORK}/layout_c.c "#include <stddef.h>\n#include <Tqmlib52.h>\n${layout_array}")
+file(WRITE ${WORK}/layout_cpp.cpp "#include <stddef.h>\n#include \"config/Identifiers.h\"\n#include \"ipc/DataExchange.h\"\n#include \"ipc/Processes.h\"\nextern \"C\" ${layout_array}")
+compile("the C layouts do not compile" ${CC} -std=c99 -c -I${INCLUDE_DIR} ${WORK}/layout_c.c -o ${WORK}/layout_c.o)
+compile("the C++ layouts do not compile" ${CXX} -std=c++17 -c -I${ROOT} ${WORK}/layout_cpp.cpp -o ${WORK}/layout_cpp.o)
+foreach(lang c cpp)
+  execute_process(COMMAND ${OBJCOPY} -O binary -j .tqmlay ${WORK}/layout_${lang}.o ${WORK}/layout_${lang}.bin)
+  file(READ ${WORK}/layout_${lang}.bin layout_${lang} HEX)
+endforeach()
+if(NOT layout_c OR NOT layout_c STREQUAL layout_cpp)
+  message(SEND_ERROR "the structures of include/Tqmlib52.h are laid out otherwise than the C++ headers' "
+                     "(sizes and offsets, ${layouts}):\n  C:   ${layout_c}\n  C++: ${layout_cpp}")
+  math(EXPR failures "${failures} + 1")
+endif()
 
 if(failures GREATER 0)
   message(FATAL_ERROR "C header check failed (${failures} problems)")
