@@ -35,11 +35,11 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 
     // Splitting and joining again gives the text, with any limit.
     for (int maxSplits : {-1, 0, 1, 3}) {
-        CStringArray parts;
-        TQMSplitStringOnChar(parts, text.c_str(), sep, maxSplits);
-        TQM_FUZZ_CHECK(parts.GetSize() >= 1);
-        TQM_FUZZ_CHECK(maxSplits < 0 || parts.GetSize() <= maxSplits + 1);
-        TQM_FUZZ_CHECK(std::string(TQMJoinArray(parts, set)) == text);
+        CStringArray pieces;
+        TQMSplitStringOnChar(pieces, text.c_str(), sep, maxSplits);
+        TQM_FUZZ_CHECK(pieces.GetSize() >= 1);
+        TQM_FUZZ_CHECK(maxSplits < 0 || pieces.GetSize() <= maxSplits + 1);
+        TQM_FUZZ_CHECK(std::string(TQMJoinArray(pieces, set)) == text);
     }
 
     CString code, comment;

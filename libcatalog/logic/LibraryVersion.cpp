@@ -21,7 +21,7 @@ uint32_t readDecimal(const char*& p)
     return value;
 }
 
-// Parts above 999 become 999 and make the text malformed.
+// Numbers above 999 become 999 and make the text malformed.
 uint32_t limitPart(uint32_t part, bool& wellFormed)
 {
     if (part <= 999)
