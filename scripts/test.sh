@@ -4,8 +4,10 @@
 #   - checks the i686 DLL's export table and both DLLs' imports;
 #   - checks the package: the C header, the import libraries, the examples
 #     built against the install tree, and the API reference;
-#   - runs every test program under Wine: x86_64 always, i686 where the
-#     32-bit Wine loader (wine32) is installed and runs at native speed;
+#   - runs every test program under Wine: i686 first (the shipped build)
+#     wherever 32-bit programs and the 32-bit Wine loader (wine32) run
+#     natively, then x86_64; each suite includes a client built with
+#     Microsoft's conventions (clang-cl, lld-link) against the import library;
 #   - replays the fuzzing regressions and fuzzes each parser briefly.
 # Exits non-zero when anything fails.
 set -eu
@@ -23,34 +25,58 @@ echo "== i686: export table of Tqmlib52.dll and imports; C header, import librar
 echo "== API reference (no Doxygen warning allowed)"
 ./scripts/docs.sh x86_64 || status=1
 
-echo "== x86_64: tests under wine64"
-(cd build/x86_64 && ctest --output-on-failure --timeout 900) || status=1
-[ -f build/x86_64/picture-test-skipped.txt ] && echo "== x86_64: $(cat build/x86_64/picture-test-skipped.txt)"
-
+# The i686 suite tests the shipped DLL, so it runs first. It is skipped only
+# where this machine cannot run it (no wine32, a kernel that refuses 32-bit
+# programs, or only an emulator), and the skip says what failed in the words
+# of the command that failed. Where 32-bit programs run natively and wine32 is
+# installed, a Wine that cannot make its prefix or start a program fails the run.
+i686_prefix=$root/build/i686/wineprefix
 i686_skipped() {
     echo "== i686: tests SKIPPED - $1"
     echo "   (the i686 DLL was built and its exports checked; the test programs were built but not run)"
 }
-
-if [ ! -x /usr/lib/wine/wine ]; then
-    i686_skipped "wine32 is not installed on this machine"
-elif ! ./scripts/can-run-i386.sh; then
-    i686_skipped "this machine does not run 32-bit programs (wine32 is installed but cannot start)"
-elif emulator=$(./scripts/i386-emulator.sh) && [ -z "${TQM_I686_UNDER_EMULATION:-}" ]; then
-    i686_skipped "32-bit programs run here only through an emulator ($emulator);
+i686_failed() {
+    echo "== i686: tests FAILED - $1"
+    status=1
+}
+i686_suite() {
+    if [ ! -x /usr/lib/wine/wine ]; then
+        i686_skipped "wine32 is not installed on this machine (/usr/lib/wine/wine is missing)"
+        return
+    fi
+    if ! probe=$(./scripts/can-run-i386.sh 2>&1); then
+        i686_skipped "this machine does not run 32-bit programs: $probe"
+        return
+    fi
+    i686_timeout=900
+    if emulator=$(./scripts/i386-emulator.sh); then
+        if [ -z "${TQM_I686_UNDER_EMULATION:-}" ]; then
+            i686_skipped "32-bit programs run here only through an emulator ($emulator);
    Wine under it needs minutes per process, the run would take hours
    (set TQM_I686_UNDER_EMULATION=1 to run them anyway)"
-elif ! timeout 900 ./scripts/wine-prefix.sh i686 build/i686/wineprefix; then
-    i686_skipped "32-bit Wine could not make its prefix within 15 minutes"
-elif ! start_seconds=$(./scripts/wine-start-seconds.sh i686 build/i686/wineprefix) ||
-     { [ "$start_seconds" -gt 20 ] && [ -z "${TQM_I686_UNDER_EMULATION:-}" ]; }; then
-    i686_skipped "32-bit Wine is too slow here (starting a program took ${start_seconds:-over 120} s)"
-else
-    echo "== i686: tests under wine32"
-    i686_timeout=900
-    [ -n "${TQM_I686_UNDER_EMULATION:-}" ] && i686_timeout=14400
+            return
+        fi
+        i686_timeout=14400
+    fi
+    if ! out=$(timeout 900 ./scripts/wine-prefix.sh i686 "$i686_prefix" 2>&1); then
+        i686_failed "32-bit Wine could not make its prefix $i686_prefix:
+$out"
+        return
+    fi
+    if ! start_seconds=$(./scripts/wine-start-seconds.sh i686 "$i686_prefix" 2>/tmp/tqm-start.$$); then
+        i686_failed "32-bit Wine could not start a program in $i686_prefix: $(cat /tmp/tqm-start.$$)"
+        rm -f /tmp/tqm-start.$$
+        return
+    fi
+    rm -f /tmp/tqm-start.$$
+    echo "== i686: tests under wine32 (a trivial program starts in ${start_seconds} s)"
     (cd build/i686 && ctest --output-on-failure --timeout $i686_timeout -E '^(exports|cheader|importlib|package)$') || status=1
-fi
+}
+i686_suite
+
+echo "== x86_64: tests under wine64"
+(cd build/x86_64 && ctest --output-on-failure --timeout 900) || status=1
+[ -f build/x86_64/picture-test-skipped.txt ] && echo "== x86_64: $(cat build/x86_64/picture-test-skipped.txt)"
 
 echo "== fuzzing: regressions, then ${TQM_FUZZ_SECONDS:-20} s per target"
 ./scripts/fuzz.sh all "${TQM_FUZZ_SECONDS:-20}" || status=1

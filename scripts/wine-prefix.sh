@@ -14,6 +14,8 @@ set -e
 arch=$1
 prefix=$2
 driver=${3:-null}
+# Wine takes only an absolute WINEPREFIX; a relative one is made absolute here.
+case $prefix in /*) ;; *) prefix=$(pwd)/$prefix ;; esac
 settings_version=4
 marker="$prefix/.tqm-ready"
 [ -f "$marker" ] && [ "$(cat "$marker")" = "$settings_version" ] && exit 0
@@ -31,11 +33,14 @@ if [ "$arch" = x86_64 ]; then  # the 64-bit loader itself (see wine-run.sh)
 fi
 if [ ! -f "$marker" ]; then
     echo "wine-prefix: making $prefix" >&2
-    "$wine" wineboot -i >/dev/null 2>&1 || true
-    "$wine" reg add 'HKCU\Software\Wine\Drivers' /v Graphics /d "$driver" /f >/dev/null 2>&1 || {
-        echo "wine-prefix: cannot set up $prefix: Wine does not run $arch programs here" >&2
+    # Wine's own words are kept: when the prefix cannot be made, they say why.
+    log="$prefix.log"
+    "$wine" wineboot -i >"$log" 2>&1 || true
+    if ! "$wine" reg add 'HKCU\Software\Wine\Drivers' /v Graphics /d "$driver" /f >>"$log" 2>&1; then
+        echo "wine-prefix: cannot set up $prefix with the $arch loader; Wine said:" >&2
+        grep -v '^ *$' "$log" | tail -n 8 | sed 's/^/    /' >&2
         exit 1
-    }
+    fi
 fi
 for key in 'HKLM\Software\Microsoft\Windows NT\CurrentVersion\AeDebug' \
            'HKLM\Software\Wow6432Node\Microsoft\Windows NT\CurrentVersion\AeDebug'; do

@@ -8,6 +8,7 @@ set -e
 arch=$1
 prefix=$2
 shift 2
+case $prefix in /*) ;; *) prefix=$(pwd)/$prefix ;; esac  # Wine refuses a relative prefix
 "$(dirname "$0")/wine-prefix.sh" "$arch" "$prefix"
 export WINEPREFIX="$prefix" WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml="
 if [ "$arch" = x86_64 ]; then

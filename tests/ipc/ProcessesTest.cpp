@@ -95,9 +95,10 @@ TEST(Widths, ParameterBlocksAndThePartnerGoneValue)
     EXPECT_EQ(3 * p, offsetof(EXCHANGEDATA, dwRequestSize));
     EXPECT_EQ(p == 4 ? 28u : 56u, sizeof(EXCHANGEDATA));
 
-    // The same numbers in both builds: not -1 widened, and a message line's
-    // level word reckoned in 32 bits.
-    EXPECT_EQ(0xFFFFFFFFull, static_cast<unsigned long long>(TQM_ACK_PARTNER_GONE));
+    // The same numbers in both builds: the partner-gone value is 0xFFFFFFFF as
+    // an unsigned result word (not -1 widened to 64 bits), and a message
+    // line's level word is reckoned in 32 bits.
+    EXPECT_EQ(ULONG_PTR{0xFFFFFFFFu}, static_cast<ULONG_PTR>(TQM_ACK_PARTNER_GONE));
     EXPECT_EQ(p == 4, TQM_ACK_PARTNER_GONE == static_cast<LRESULT>(-1));
     EXPECT_EQ(0xAAA9FFFFu, tqm::DisplayMessageWord(-1));
     EXPECT_EQ(0x0AAA0000u, tqm::DisplayMessageWord(0x60000000));
