@@ -487,10 +487,14 @@ int CTQMIniFile::findEntry(const char* pszName)
     return n >= 0 ? selectEntryAt(n) : 0;
 }
 
+// Only the upper bound is a "not found": a negative index reaches the array
+// and is the caller's error.
 int CTQMIniFile::selectSectionAt(int nIndex)
 {
-    if (!m_pSections || nIndex < 0 || nIndex >= m_pSections->GetSize())
+    if (!m_pSections || nIndex >= m_pSections->GetSize())
         return 0;
+    if (nIndex < 0)
+        return refuseIndex();
     char* pRec = static_cast<char*>(m_pSections->GetAt(nIndex));
     m_nCurSection = nIndex;
     m_pCurSection = pRec;
@@ -501,8 +505,10 @@ int CTQMIniFile::selectSectionAt(int nIndex)
 
 int CTQMIniFile::selectEntryAt(int nIndex)
 {
-    if (!m_pCurEntries || nIndex < 0 || nIndex >= m_pCurEntries->GetSize())
+    if (!m_pCurEntries || nIndex >= m_pCurEntries->GetSize())
         return 0;
+    if (nIndex < 0)
+        return refuseIndex();
     char* pRec = static_cast<char*>(m_pCurEntries->GetAt(nIndex));
     m_nCurEntry = nIndex;
     m_pCurEntry = pRec;
@@ -528,6 +534,12 @@ void CTQMIniFile::addEntry(const char* pszName, const char* pszValue)
             storeEntry(pszName, pszValue ? pszValue : "");
             return 0;
         });
+}
+
+int CTQMIniFile::refuseIndex()
+{
+    tqm::DeferException(new CInvalidArgException);
+    return 0;
 }
 
 // --- Private helpers (they may throw; the members above catch) ----------------

@@ -64,7 +64,9 @@ TEST(CTQMIniFile, ReadKeepsOnlyTheHeadComment)
 TEST(CTQMIniFile, HeadCommentLinesStayWholeThroughWriteAndRead)
 {
     TempDir dir;
-    const std::string longComment = "; " + std::string(5000, 'c');
+    // A long comment line comes in pieces: here the second piece starts
+    // with a comment character of its own.
+    const std::string longComment = "; " + std::string(3069, 'c') + "#" + std::string(1000, 'c');
     struct Case { std::string bytes; std::string comment; int lastLine; } cases[] = {
         {"; no line feed at the end", "; no line feed at the end\n", 0},
         {std::string("; before\0after\r\n[S]\r\nk=v\r\n", 26), "; before\n", 2},
@@ -83,10 +85,22 @@ TEST(CTQMIniFile, HeadCommentLinesStayWholeThroughWriteAndRead)
         EXPECT_EQ(contentsOf(ini), contentsOf(back));
     }
 
-    // A long comment inside a section is dropped whole: its tail is no entry.
+}
+
+TEST(CTQMIniFile, EachPieceOfALongLineIsReadOnItsOwn)
+{
+    // Lines longer than 3,071 characters arrive in pieces, and the tail of a
+    // comment is whatever it looks like.
+    TempDir dir;
     CTQMIniFile ini;
-    EXPECT_EQ(1, readBytes(ini, dir, "[S]\r\n" + longComment + "=x\r\nk=v\r\n"));
-    EXPECT_EQ((std::vector<std::string>{"[S]", "k=v"}), contentsOf(ini));
+    EXPECT_EQ(0, readBytes(ini, dir, ";" + std::string(3100, 'x') + "\n[S]\na=1\n"));
+    EXPECT_EQ(1, ini.GetErrLine()) << "the tail is an entry before the first section";
+    EXPECT_EQ(";" + std::string(3070, 'x'), std::string(ini.GetFileComment()));
+
+    ASSERT_EQ(1, readBytes(ini, dir, "[S]\n;" + std::string(3075, 'x') + "=v\n"));
+    EXPECT_EQ(2, ini.GetErrLine());
+    EXPECT_EQ(1, ini.GetNumEntries("S"));
+    EXPECT_STREQ("v", ini.GetEntryValue("S", "xxxxx"));
 }
 
 TEST(CTQMIniFile, EmptyAndMissingFiles)
@@ -111,19 +125,29 @@ TEST(CTQMIniFile, EmptyAndMissingFiles)
     EXPECT_EQ(0, ini.Read(path.c_str()));
     EXPECT_EQ(-1, ini.GetErrLine());
     CloseHandle(hLock);
+
+    // One that another program is writing, sharing reading and writing, reads.
+    HANDLE hWriter = CreateFileA(path.c_str(), GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                                 nullptr, OPEN_EXISTING, 0, nullptr);
+    ASSERT_NE(INVALID_HANDLE_VALUE, hWriter);
+    EXPECT_EQ(1, ini.Read(path.c_str()));
+    EXPECT_STREQ("v", ini.GetEntryValue("S", "k"));
+    CloseHandle(hWriter);
 }
 
 TEST(CTQMIniFile, MalformedLinesStopReadingAtTheirLine)
 {
     // The failing line counts from 0.
-    const struct { const char* bytes; int line; int sectionsKept; } cases[] = {
-        {"[S]\r\nk=v\r\n[Broken\r\n[T]\r\n", 2, 1},
-        {"[S]\r\n[]\r\n", 1, 1},
-        {"[S]\r\n[ \xA0 ]\r\n", 1, 1},
-        {"; c\r\nk=v\r\n[S]\r\n", 1, 0},        // an entry before the first header
-        {"[S]\r\n\r\nno equals\r\n", 2, 1},
-        {"[S]\r\n  = value\r\n", 1, 1},
-        {"[S]\r\n\xE4\xE4=value\r\n", 1, 1},   // a name of high bytes only is empty
+    // The tolerant reader skips only an entry before the first header and a
+    // line without "=".
+    const struct { const char* bytes; int line; int sectionsKept; bool tolerated; } cases[] = {
+        {"[S]\r\nk=v\r\n[Broken\r\n[T]\r\n", 2, 1, false},
+        {"[S]\r\n[]\r\n", 1, 1, false},
+        {"[S]\r\n[ \xA0 ]\r\n", 1, 1, false},
+        {"; c\r\nk=v\r\n[S]\r\n", 1, 0, true},        // an entry before the first header
+        {"[S]\r\n\r\nno equals\r\n", 2, 1, true},
+        {"[S]\r\n  = value\r\n", 1, 1, false},
+        {"[S]\r\n\xE4\xE4=value\r\n", 1, 1, false},   // a name of high bytes only is empty
     };
     TempDir dir;
     for (const auto& c : cases) {
@@ -134,7 +158,10 @@ TEST(CTQMIniFile, MalformedLinesStopReadingAtTheirLine)
 
         TestIni tolerant;
         tolerant.SetTolerant();
-        EXPECT_EQ(1, readBytes(tolerant, dir, c.bytes)) << c.bytes;
+        EXPECT_EQ(c.tolerated ? 1 : 0, readBytes(tolerant, dir, c.bytes)) << c.bytes;
+        if (!c.tolerated) {
+            EXPECT_EQ(c.line, tolerant.GetErrLine()) << c.bytes;
+        }
     }
 }
 
@@ -205,6 +232,19 @@ TEST(CTQMIniFile, MissesGiveTheCallersDefaultAndNegativeIndexesThrow)
     ExpectInvalidArg([&] { ini.GetEntryIndex(-1, "x"); }, "GetEntryIndex(-1, name)");
     ExpectInvalidArg([&] { ini.findSection(-1); }, "findSection(-1)");
     EXPECT_EQ(1, ini.findEntry(0));
+    ExpectInvalidArg([&] { ini.findEntry(-1); }, "findEntry(-1)");
+
+    // Only an index that reaches an array throws: past the upper bound, or
+    // with nothing to index, a negative one is "not found" like any other.
+    EXPECT_EQ(def, ini.GetEntryValue(99, -1, def));
+    EXPECT_STREQ("", ini.GetEntryName(99, -1));
+    TestIni fresh;
+    EXPECT_EQ(0, fresh.GetNumEntries(fresh.GetSectionIndex("X")));
+    EXPECT_STREQ("", fresh.GetSectionName(-1));
+    EXPECT_EQ(-1, fresh.GetEntryIndex(-1, "x"));
+    EXPECT_EQ(0, fresh.findSection(-1));
+    EXPECT_EQ(0, fresh.findEntry(-1));
+    EXPECT_EQ(nullptr, TqmTakeDeferredException()) << "nothing left parked";
 }
 
 TEST(CTQMIniFile, SetEntryValueRules)
