@@ -152,19 +152,17 @@ protected:
     char* m_pszCurValue;           //   its value
     BOOL m_bTolerant;              // Read skips malformed lines instead of failing; never set by this class
 
-    // Each record is one block. A section record is the pointer to its own
-    // entry array (a CPtrArray, allocated apart) followed by the NUL-terminated
-    // name. An entry record is a 16-bit count (name length + 1), the
-    // NUL-terminated name, then the NUL-terminated value. The document carves
-    // the blocks from a memory pool of its own (reading a big file would
-    // otherwise spend most of its time in the heap), so only the document
-    // frees them.
+    // Each record is one block from new[], owned by the document and freed
+    // with delete[]. A section record is the pointer to its own entry array
+    // (a CPtrArray from new, owned by the section) followed by the
+    // NUL-terminated name. An entry record is a 16-bit count (name length +
+    // 1), the NUL-terminated name, then the NUL-terminated value. A derived
+    // class may make, free and reorder records in the arrays itself: lookups
+    // by name walk the arrays as they are.
 
 private:
-    // The record pool and the hash indexes for lookups by name in long
-    // sections and long section lists, kept here after the members above
-    // (their layout is unchanged). The indexes assume that the arrays change
-    // only through this class.
+    // Kept here after the members above (their layout is unchanged): what
+    // Read needs while it fills a section.
     CTQMIniFileStorage* m_pStorage;
 
     // The index forms; a negative index that reaches an array parks the
@@ -181,7 +179,6 @@ private:
     int refuseIndex();
 
     CTQMIniFileStorage& storage();
-    void clearContents(bool bKeepMemory);
     void resetCursor();
     int positionOfSection(const char* pszName);
     int positionOfEntry(const char* pszName);

@@ -26,6 +26,38 @@ public:
     void SetTolerant() { m_bTolerant = TRUE; }
     using CTQMIniFile::findEntry;
     using CTQMIniFile::findSection;
+
+    // Edits of the kind a derived class makes on the documented records.
+    void SwapSections(int a, int b)
+    {
+        void* p = m_pSections->GetAt(a);
+        m_pSections->SetAt(a, m_pSections->GetAt(b));
+        m_pSections->SetAt(b, p);
+    }
+    // Replaces the entry by a record of its own making, freeing the old one.
+    void ReplaceEntryRecord(int nSection, int nEntry, const char* pszName, const char* pszValue)
+    {
+        ASSERT_EQ(1, findSection(nSection));
+        size_t nName = strlen(pszName), nValue = strlen(pszValue);
+        char* pRec = new char[2 + nName + 1 + nValue + 1];
+        unsigned short nCount = static_cast<unsigned short>(nName + 1);
+        memcpy(pRec, &nCount, 2);
+        memcpy(pRec + 2, pszName, nName + 1);
+        memcpy(pRec + 2 + nName + 1, pszValue, nValue + 1);
+        delete[] static_cast<char*>(m_pCurEntries->GetAt(nEntry));
+        m_pCurEntries->SetAt(nEntry, pRec);
+    }
+    // Removes a section the way the documented model allows.
+    void DeleteSection(int nSection)
+    {
+        char* pRec = static_cast<char*>(m_pSections->GetAt(nSection));
+        CPtrArray* pEntries = *reinterpret_cast<CPtrArray**>(pRec);
+        for (int i = 0; i < pEntries->GetSize(); ++i)
+            delete[] static_cast<char*>(pEntries->GetAt(i));
+        delete pEntries;
+        delete[] pRec;
+        m_pSections->RemoveAt(nSection);
+    }
 };
 
 // Reads bytes as a file; the Read result.
@@ -441,6 +473,35 @@ TEST(CTQMIniFile, BigSectionsAndManySectionsStayConsistent)
     ASSERT_EQ(1, readBytes(repeated, dir, "[Wide]\r\nk1=one\r\n"));
     EXPECT_EQ(1, repeated.GetNumEntries("Wide"));
     EXPECT_STREQ("one", repeated.GetEntryValue("Wide", "K1"));
+}
+
+TEST(CTQMIniFile, DerivedClassesMayChangeTheRecordsAndArrays)
+{
+    TestIni ini;
+    for (int i = 0; i < 70; ++i)
+        ini.SetEntryValue(("S" + std::to_string(i)).c_str(), "k", std::to_string(i).c_str());
+    for (int i = 0; i < 100; ++i)
+        ini.SetEntryValue("S0", ("e" + std::to_string(i)).c_str(), "v");
+    EXPECT_EQ(67, ini.GetSectionIndex("S67"));
+
+    ini.SwapSections(3, 67);
+    EXPECT_EQ(3, ini.GetSectionIndex("s67"));
+    EXPECT_EQ(67, ini.GetSectionIndex("s3"));
+    EXPECT_STREQ("3", ini.GetEntryValue("S3", "k"));
+
+    ini.ReplaceEntryRecord(0, 51, "Mine", "own record");  // e50, behind k and e0..e49
+    EXPECT_STREQ("own record", ini.GetEntryValue("S0", "MINE"));
+    EXPECT_EQ(-1, ini.GetEntryIndex("S0", "e50")) << "the replaced name is gone";
+    EXPECT_EQ(52, ini.GetEntryIndex("S0", "e51"));
+    EXPECT_EQ(1, ini.SetEntryValue("S0", "mine", "changed"));
+    EXPECT_EQ(51, ini.GetEntryIndex("S0", "Mine"));
+
+    ini.DeleteSection(10);
+    EXPECT_EQ(-1, ini.GetSectionIndex("S10"));
+    EXPECT_EQ(10, ini.GetSectionIndex("S11"));
+    EXPECT_EQ(1, ini.RemoveSection("S12"));
+    EXPECT_EQ(68, ini.GetNumSections());
+    // The destructor frees the records made here as its own.
 }
 
 TEST(CTQMIniFile, NamesFoldWithTheSystemCodePage)
