@@ -60,9 +60,10 @@ public:
     // be opened or a line is malformed (GetErrLine tells which); what was read
     // before that line stays in the document.
     int Read(const char* pszPath);
-    // Writes the document to the file; 0 on failure. The file is replaced only
-    // once the new contents are completely written: on any failure it stays
-    // as it was and no partial file is left behind.
+    // Writes the document to the file; 0 on failure. The contents go to a
+    // temporary file in the same folder, which replaces the file only once it
+    // is complete: on any failure the old file stays as it was (rather than
+    // being deleted) and no partial file is left behind.
     int Write(const char* pszPath);
     // Sets the comment written at the head of the file: it must begin with "#"
     // or ";" and end with a line feed, else 0 and the comment is kept. NULL or
