@@ -84,6 +84,11 @@ InstalledLibraries ReadInstalledLibraries();
 void CheckLibraries(const InstalledLibraries& installed, Findings& findings, const Progress& progress);
 void CheckProjects(const InstalledLibraries& installed, Findings& findings, const Progress& progress);
 
+// Every file below folder whose name ends in extension (".tarn5pj"), depth
+// first: a folder's files, then its subfolders. Folders that are reparse
+// points are not entered, as the catalogue does not enter them either.
+std::vector<std::string> FilesBelow(const std::string& folder, const char* extension);
+
 // Runs the checks of every group, or of only one.
 Findings RunDoctor(const Group* only, const Progress& progress);
 

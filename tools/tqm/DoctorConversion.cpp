@@ -9,7 +9,6 @@
 #include "tools/tqm/Doctor.h"
 
 #include "config/Profile.h"
-#include "framework/Handles.h"
 #include "libcatalog/ConvertibleLibraries.h"
 #include "paths/FileOperations.h"
 #include "paths/InstallDirs.h"
@@ -28,36 +27,17 @@ std::string currentFormOf(const std::string& path)
     return TQMChangeFileExt(path.c_str(), ".tarnlin").GetString();
 }
 
-bool hasExtension(const char* name, const char* extension)
+bool hasExtension(const std::string& name, const char* extension)
 {
-    const size_t length = strlen(name);
     const size_t extensionLength = strlen(extension);
-    return length > extensionLength && !_stricmp(name + length - extensionLength, extension);
+    return name.size() > extensionLength && !_stricmp(name.c_str() + name.size() - extensionLength, extension);
 }
 
-// The ".lin" descriptions of Hpak libraries below folder without a
-// ".tarnlin" beside them.
-void collectUnconverted(const std::string& folder, std::vector<std::string>& found)
+// An old ".lin" description of an Hpak library without its ".tarnlin".
+bool isUnconverted(const std::string& path)
 {
-    WIN32_FIND_DATAA data;
-    tqm::UniqueFind search(FindFirstFileA((folder + "\\*").c_str(), &data));
-    if (!search)
-        return;
-    std::vector<std::string> subfolders;
-    do {
-        if (!strcmp(data.cFileName, ".") || !strcmp(data.cFileName, ".."))
-            continue;
-        const std::string path = folder + "\\" + data.cFileName;
-        if (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) {
-            if (!(data.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT))
-                subfolders.push_back(path);
-        } else if (hasExtension(data.cFileName, ".lin") && !TQMFileExists(currentFormOf(path).c_str()) &&
-                   !TQMGetProfileString("Library", "Type", "", path.c_str()).CompareNoCase("Hpak")) {
-            found.push_back(path);
-        }
-    } while (FindNextFileA(search.get(), &data));
-    for (const std::string& subfolder : subfolders)
-        collectUnconverted(subfolder, found);
+    return !TQMFileExists(currentFormOf(path).c_str()) &&
+           !TQMGetProfileString("Library", "Type", "", path.c_str()).CompareNoCase("Hpak");
 }
 
 void add(Findings& findings, Severity severity, const std::string& path, const std::string& reason)
@@ -72,19 +52,19 @@ void CheckConversion(Findings& findings)
     const std::string projects = TQMGetProjectsDir().GetString();
     for (const std::string& candidate : TakeListBlock(TQMGetConvertableLibraries(projects.c_str(), TRUE))) {
         // The scan lists every old description, converted or not.
-        if (hasExtension(candidate.c_str(), ".lin") && TQMFileExists(currentFormOf(candidate).c_str()))
+        if (hasExtension(candidate, ".lin") && TQMFileExists(currentFormOf(candidate).c_str()))
             add(findings, Severity::Note, candidate,
                 "an old description left beside its converted " + currentFormOf(candidate));
         else
             add(findings, Severity::Warning, candidate,
                 "an old library waiting for conversion: the suite's programs do not use it until it is converted");
     }
-    std::vector<std::string> unconverted;
-    collectUnconverted(TQMGetLibsDir().GetString(), unconverted);
-    for (const std::string& description : unconverted)
-        add(findings, Severity::Warning, description,
-            "an old description in the libraries directory without its \".tarnlin\": the catalogue does not see "
-            "this library until it is converted");
+    for (const std::string& description : FilesBelow(TQMGetLibsDir().GetString(), ".lin")) {
+        if (isUnconverted(description))
+            add(findings, Severity::Warning, description,
+                "an old description in the libraries directory without its \".tarnlin\": the catalogue does not "
+                "see this library until it is converted");
+    }
 }
 
 }  // namespace doctor

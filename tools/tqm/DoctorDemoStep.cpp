@@ -10,6 +10,7 @@
 
 #include "config/QM5Profile.h"
 #include "framework/Handles.h"
+#include "paths/Environment.h"
 #include "paths/FileOperations.h"
 #include "paths/InstallDirs.h"
 #include "paths/PathTags.h"
@@ -81,6 +82,8 @@ bool doctorStep(const std::string&)
         printf("The demo installation is missing (the catalogue step installs it).\n");
         return false;
     }
+    // Every program of the suite makes its folders at start; so does the demo.
+    TQMCreateEnvironment();
     bool ok = breakThree();
 
     printf("\n> tqm doctor\n");

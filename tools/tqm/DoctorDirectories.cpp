@@ -124,7 +124,7 @@ void CheckDirectories(Findings& findings)
         bool known = false;
         for (size_t i = 0; i < dirs.size() && !known; ++i) {
             if (!_stricmp(dirs[i].path.c_str(), dir.path.c_str())) {
-                names[i] += " and " + dir.name;
+                names[i] += (names[i].find(" (also ") == std::string::npos ? " (also " : ", ") + dir.name;
                 known = true;
             }
         }
@@ -133,8 +133,11 @@ void CheckDirectories(Findings& findings)
             names.push_back(dir.name);
         }
     }
-    for (size_t i = 0; i < dirs.size(); ++i)
+    for (size_t i = 0; i < dirs.size(); ++i) {
+        if (names[i].find(" (also ") != std::string::npos)
+            names[i] += ")";
         checkDirectory(dirs[i], names[i], findings);
+    }
 }
 
 }  // namespace doctor

@@ -12,7 +12,6 @@
 
 #include "config/Profile.h"
 #include "config/Tokenizer.h"
-#include "framework/Handles.h"
 #include "paths/FileOperations.h"
 #include "paths/InstallDirs.h"
 #include "paths/PathNames.h"
@@ -27,36 +26,6 @@
 namespace tqmtool {
 namespace doctor {
 namespace {
-
-bool hasExtension(const char* name, const char* extension)
-{
-    const size_t length = strlen(name);
-    const size_t extensionLength = strlen(extension);
-    return length > extensionLength && !_stricmp(name + length - extensionLength, extension);
-}
-
-// Every project file below folder, depth first. Folders that are reparse
-// points are not entered, as the catalogue does not enter them either.
-void collectProjects(const std::string& folder, std::vector<std::string>& projects)
-{
-    WIN32_FIND_DATAA data;
-    tqm::UniqueFind search(FindFirstFileA((folder + "\\*").c_str(), &data));
-    if (!search)
-        return;
-    std::vector<std::string> subfolders;
-    do {
-        if (!strcmp(data.cFileName, ".") || !strcmp(data.cFileName, ".."))
-            continue;
-        if (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) {
-            if (!(data.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT))
-                subfolders.push_back(folder + "\\" + data.cFileName);
-        } else if (hasExtension(data.cFileName, ".tarn5pj")) {
-            projects.push_back(folder + "\\" + data.cFileName);
-        }
-    } while (FindNextFileA(search.get(), &data));
-    for (const std::string& subfolder : subfolders)
-        collectProjects(subfolder, projects);
-}
 
 bool isAbsolute(const std::string& path)
 {
@@ -165,8 +134,7 @@ private:
 
 void CheckProjects(const InstalledLibraries& installed, Findings& findings, const Progress& progress)
 {
-    std::vector<std::string> projects;
-    collectProjects(TQMGetProjectsDir().GetString(), projects);
+    const std::vector<std::string> projects = FilesBelow(TQMGetProjectsDir().GetString(), ".tarn5pj");
     for (size_t i = 0; i < projects.size(); ++i) {
         if (progress)
             progress("projects", i, projects.size(), TQMGetParentDir(projects[i].c_str()).GetString());

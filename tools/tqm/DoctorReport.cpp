@@ -127,7 +127,7 @@ std::string FormatReport(const Findings& findings, const Group* only)
             if (finding.group != group)
                 continue;
             char severity[16];
-            snprintf(severity, sizeof(severity), "%-8s", SeverityName(finding.severity));
+            snprintf(severity, sizeof(severity), "%-9s", SeverityName(finding.severity));
             text += "  " + std::string(severity) + finding.subject + ": " + finding.reason + "\n";
             any = true;
         }
