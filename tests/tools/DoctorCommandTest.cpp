@@ -131,6 +131,29 @@ TEST_F(TqmDoctor, LibraryFaults)
     EXPECT_TRUE(Contains(help["reason"], tree.path("Libs\\Std\\Motion\\Motion.chm"))) << help;
 }
 
+TEST_F(TqmDoctor, HelpFileOfTheLanguageTheLibraryIsShownIn)
+{
+    // Preferred French: found after the first language, so French it is; a
+    // library that lists French first is shown in it as its fallback; one
+    // that lists no language is shown in English.
+    setLanguages("fr", nullptr);
+    library("A\\A.tarnlin", "[Library]\nType=Hpak\nID=A\n[Languages]\nCount=2\nLang0=en\nLang1=fr\n"
+                            "[en]\nHelpFile=A.chm\n[fr]\nHelpFile=A_fr.chm\n");
+    library("A\\A.chm", "help");
+    library("B\\B.tarnlin",
+            "[Library]\nType=Hpak\nID=B\n[Languages]\nCount=2\nLang0=fr\nLang1=en\n[fr]\nHelpFile=B_fr.chm\n");
+    library("C\\C.tarnlin", "[Library]\nType=Hpak\nID=C\n[de]\nHelpFile=C.chm\n");
+    const nlohmann::json all = findings(nullptr, "libraries");
+    const std::string a = tree.path("Libs\\A\\A.tarnlin");
+    EXPECT_TRUE(Contains(finding(all, "libraries", a, "help")["reason"], "(fr) is missing: " + tree.path("Libs\\A\\A_fr.chm")))
+        << all.dump(1);
+    EXPECT_TRUE(Contains(finding(all, "libraries", tree.path("Libs\\B\\B.tarnlin"), "help")["reason"], "(fr)"))
+        << all.dump(1);
+    const nlohmann::json none = finding(all, "libraries", tree.path("Libs\\C\\C.tarnlin"), "help");
+    EXPECT_EQ("note", none["severity"]) << all.dump(1);
+    EXPECT_TRUE(Contains(none["reason"], "(en)")) << none;
+}
+
 TEST_F(TqmDoctor, SettingsFaults)
 {
     // A value the mirror file holds differently from the registry.

@@ -20,6 +20,7 @@
 
 #include <functional>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 namespace tqmtool {
@@ -73,16 +74,40 @@ void CheckDirectories(Findings& findings);
 void CheckSettings(Findings& findings);
 void CheckConversion(Findings& findings);
 
-// Libraries and projects share what the catalogue says is installed.
+// What the doctor needs of one description, read once per run.
+struct LibraryEntries
+{
+    std::string id;          // [Library] ID
+    std::string version;     // [Library] Version, as written
+    std::string installDir;  // [Library] InstallDir
+    std::string language;    // the language the library is shown in (TQMGetUsableLibLanguage)
+    std::string helpFile;    // that language's help file, full path; empty when none is named
+};
+
+// Libraries and projects share what the catalogue says is installed, and
+// the entries of every description they look at.
 struct InstalledLibraries
 {
     std::vector<std::string> all;   // every description, duplicates included
     std::vector<std::string> kept;  // the copies in use
-    std::vector<std::string> keptIds;  // their [Library] ID, in the same order
+    std::string preferredLanguage;  // TQMGetLibLanguage
+
+    // The entries of a description, read on first use.
+    const LibraryEntries& EntriesOf(const std::string& description) const;
+    // The copy in use whose ID is id (without regard to case); empty when none.
+    std::string KeptWithId(const std::string& id) const;
+
+private:
+    mutable std::unordered_map<std::string, LibraryEntries> m_entries;  // by folded path
+    mutable std::unordered_map<std::string, size_t> m_keptById;         // folded ID -> index in kept
 };
 InstalledLibraries ReadInstalledLibraries();
 void CheckLibraries(const InstalledLibraries& installed, Findings& findings, const Progress& progress);
 void CheckProjects(const InstalledLibraries& installed, Findings& findings, const Progress& progress);
+
+// A number as the profile lookup reads it (TQMGetProfileInt): a plain decimal
+// in the 32-bit range, else defaultValue.
+int ProfileNumber(const char* text, int defaultValue);
 
 // Every file below folder whose name ends in extension (".tarn5pj"), depth
 // first: a folder's files, then its subfolders. Folders that are reparse

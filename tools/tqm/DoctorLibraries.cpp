@@ -4,9 +4,7 @@
 #include "tools/tqm/CatalogueText.h"
 #include "tools/tqm/Doctor.h"
 
-#include "config/Profile.h"
 #include "libcatalog/LibraryFiles.h"
-#include "libcatalog/LibraryLanguages.h"
 #include "libcatalog/LibraryLists.h"
 #include "paths/FileOperations.h"
 #include "paths/InstallDirs.h"
@@ -14,7 +12,6 @@
 
 #include <windows.h>
 
-#include <ctype.h>
 #include <string.h>
 
 #include <unordered_set>
@@ -23,45 +20,33 @@ namespace tqmtool {
 namespace doctor {
 namespace {
 
-std::string folded(std::string text)
-{
-    for (char& c : text)
-        c = static_cast<char>(tolower(static_cast<unsigned char>(c)));
-    return text;
-}
-
-std::string entryOf(const std::string& description, const char* key)
-{
-    return TQMGetProfileString("Library", key, "", description.c_str()).GetString();
-}
-
-DWORD versionOf(const std::string& description)
+DWORD versionNumber(const LibraryEntries& entries)
 {
     DWORD version = 0;
-    TQMParseLibraryVersion(entryOf(description, "Version").c_str(), &version);  // a malformed text counts as read
+    TQMParseLibraryVersion(entries.version.c_str(), &version);  // a malformed text counts as far as it reads
     return version;
 }
 
-std::string shownVersion(const std::string& description)
+std::string shownVersion(const LibraryEntries& entries)
 {
-    const std::string text = entryOf(description, "Version");
-    return text.empty() ? "no version" : "version " + text;
+    return entries.version.empty() ? "no version" : "version " + entries.version;
 }
 
 // Why the catalogue keeps winner rather than loser, by the rule of its
-// duplicate removal: the higher version; of equal ones the copy that lies in
-// its own install folder; else the one its walk meets first.
-std::string whyKept(const std::string& winner, const std::string& loser)
+// duplicate removal: the higher version; of equal ones installed in the same
+// folder the copy that lies in it; else the one its walk meets first.
+std::string whyKept(const std::string& winnerPath, const LibraryEntries& winner, const LibraryEntries& loser)
 {
-    const DWORD winnerVersion = versionOf(winner);
-    const DWORD loserVersion = versionOf(loser);
+    const DWORD winnerVersion = versionNumber(winner);
+    const DWORD loserVersion = versionNumber(loser);
     if (winnerVersion > loserVersion)
         return "the higher version stays";
     if (winnerVersion == loserVersion) {
         const std::string libsDir = TQMGetLibsDir().GetString();
-        const std::string folder = libsDir + "\\" + entryOf(winner, "InstallDir");
-        const std::string loserFolder = libsDir + "\\" + entryOf(loser, "InstallDir");
-        if (!_stricmp(folder.c_str(), loserFolder.c_str()) && !_strnicmp(winner.c_str(), folder.c_str(), folder.size()))
+        const std::string folder = libsDir + "\\" + winner.installDir;
+        const std::string loserFolder = libsDir + "\\" + loser.installDir;
+        if (!_stricmp(folder.c_str(), loserFolder.c_str()) &&
+            !_strnicmp(winnerPath.c_str(), folder.c_str(), folder.size()))
             return "of equal versions the copy in its own install folder (" + folder + ") stays";
         return "of equal versions the copy found first stays";
     }
@@ -85,61 +70,46 @@ void checkFileSet(const std::string& description, Findings& findings)
     }
 }
 
-void checkHelpFile(const std::string& description, Findings& findings)
+void checkHelpFile(const std::string& description, const LibraryEntries& entries, Findings& findings)
 {
-    char help[MAX_PATH] = "";
-    if (TQMGetLibHelpFilePath(description.c_str(), help)) {
-        if (!TQMFileExists(help))
-            findings.push_back({Severity::Warning, Group::Libraries, description,
-                                "the help file of the language it is shown in is missing: " + std::string(help),
-                                std::string()});
-        return;
-    }
-    char code[3] = "";
-    TQMGetUsableLibLanguage(description.c_str(), code);
-    findings.push_back({Severity::Note, Group::Libraries, description,
-                        "names no help file for the language it is shown in (" + std::string(code) + ")",
-                        std::string()});
+    if (entries.helpFile.empty())
+        findings.push_back({Severity::Note, Group::Libraries, description,
+                            "names no help file for the language it is shown in (" + entries.language + ")",
+                            std::string()});
+    else if (!TQMFileExists(entries.helpFile.c_str()))
+        findings.push_back({Severity::Warning, Group::Libraries, description,
+                            "the help file of the language it is shown in (" + entries.language +
+                                ") is missing: " + entries.helpFile,
+                            std::string()});
 }
 
 void checkSetAside(const std::string& loser, const InstalledLibraries& installed, Findings& findings)
 {
-    const std::string id = entryOf(loser, "ID");
-    std::string winner;
-    for (size_t i = 0; i < installed.kept.size() && winner.empty(); ++i) {
-        if (!_stricmp(installed.keptIds[i].c_str(), id.c_str()))
-            winner = installed.kept[i];
+    const LibraryEntries& entries = installed.EntriesOf(loser);
+    const std::string winner = installed.KeptWithId(entries.id);
+    std::string reason = "set aside as a duplicate (ID " + (entries.id.empty() ? "empty" : entries.id) + ", " +
+                         shownVersion(entries) + ")";
+    if (!winner.empty()) {
+        const LibraryEntries& kept = installed.EntriesOf(winner);
+        reason += ": the catalogue uses " + winner + " (" + shownVersion(kept) + ") instead; " +
+                  whyKept(winner, kept, entries);
     }
-    std::string reason = "set aside as a duplicate (ID " + (id.empty() ? "empty" : id) + ", " + shownVersion(loser) + ")";
-    if (!winner.empty())
-        reason += ": the catalogue uses " + winner + " (" + shownVersion(winner) + ") instead; " + whyKept(winner, loser);
     findings.push_back({Severity::Warning, Group::Libraries, loser, reason, std::string()});
 }
 
 }  // namespace
 
-InstalledLibraries ReadInstalledLibraries()
-{
-    InstalledLibraries installed;
-    installed.all = TakeListBlock(TQMGetInstalledLibraries(FALSE));
-    installed.kept = TakeListBlock(TQMGetInstalledLibraries(TRUE));
-    for (const std::string& description : installed.kept)
-        installed.keptIds.push_back(entryOf(description, "ID"));
-    return installed;
-}
-
 void CheckLibraries(const InstalledLibraries& installed, Findings& findings, const Progress& progress)
 {
-    std::unordered_set<std::string> kept;
-    for (const std::string& description : installed.kept)
-        kept.insert(folded(description));
+    // Both lists come from the same walk, so a path is spelt the same in each.
+    const std::unordered_set<std::string> kept(installed.kept.begin(), installed.kept.end());
     for (size_t i = 0; i < installed.all.size(); ++i) {
         const std::string& description = installed.all[i];
         if (progress)
             progress("libraries", i, installed.all.size(), TQMGetParentDir(description.c_str()).GetString());
         checkFileSet(description, findings);
-        if (kept.count(folded(description)))
-            checkHelpFile(description, findings);
+        if (kept.count(description))
+            checkHelpFile(description, installed.EntriesOf(description), findings);
         else
             checkSetAside(description, installed, findings);
     }

@@ -10,6 +10,7 @@
 // old place.
 #include "tools/tqm/Doctor.h"
 
+#include "config/IniFile.h"
 #include "config/Profile.h"
 #include "config/Tokenizer.h"
 #include "paths/FileOperations.h"
@@ -47,17 +48,26 @@ public:
 
     void Run()
     {
-        const int count = TQMGetProfileInt("LibraryFiles", "NumberOfLibs", -1, m_project.c_str());
+        // The project is read whole once; one the INI reader refuses is read
+        // entry by entry, as the catalogue reads it, skipping what it cannot.
+        CTQMIniFile ini;
+        const bool whole = ini.Read(m_project.c_str()) != 0;
+        auto value = [&](const char* key) -> std::string {
+            if (whole)
+                return ini.GetEntryValue("LibraryFiles", key, "");
+            return TQMGetProfileString("LibraryFiles", key, "", m_project.c_str()).GetString();
+        };
+        const int count = ProfileNumber(value("NumberOfLibs").c_str(), -1);
         if (count < 0)
             return;  // the project uses every installed library
         for (int i = 0; i < count; ++i) {
             char key[32];
             snprintf(key, sizeof(key), "Lib%d", i);
-            const CString value = TQMGetProfileString("LibraryFiles", key, "", m_project.c_str());
-            if (value.IsEmpty())
+            const std::string stored = value(key);
+            if (stored.empty())
                 continue;
             CTQMTokenizer fields;
-            const char* first = fields.GetFirstToken(value.GetString(), ';');
+            const char* first = fields.GetFirstToken(stored.c_str(), ';');
             if (first && *first)
                 checkEntry(key, first);
         }
@@ -110,18 +120,14 @@ private:
     // look the ID up find the other one.
     void checkIdentity(const std::string& key, const std::string& path)
     {
-        const std::string id = TQMGetProfileString("Library", "ID", "", path.c_str()).GetString();
+        const std::string& id = m_installed.EntriesOf(path).id;
         if (id.empty())
             return;
-        for (size_t i = 0; i < m_installed.kept.size(); ++i) {
-            if (!sameText(m_installed.keptIds[i], id) || sameText(m_installed.kept[i], path))
-                continue;
-            const std::string version =
-                TQMGetProfileString("Library", "Version", "", m_installed.kept[i].c_str()).GetString();
-            add(Severity::Warning, key + "=" + path + ": its ID " + id + " is also carried by the installed library " +
-                                       m_installed.kept[i] + " (version " + version + ")");
+        const std::string kept = m_installed.KeptWithId(id);
+        if (kept.empty() || sameText(kept, path))
             return;
-        }
+        add(Severity::Warning, key + "=" + path + ": its ID " + id + " is also carried by the installed library " +
+                                   kept + " (version " + m_installed.EntriesOf(kept).version + ")");
     }
 
     const std::string& m_project;
