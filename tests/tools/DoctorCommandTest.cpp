@@ -105,6 +105,9 @@ TEST_F(TqmDoctor, LibraryFaults)
             "[Library]\nType=Hpak\nID=DEMO.MOTION\nVersion=2.1.0\n[Languages]\nCount=1\nLang0=en\n"
             "[en]\nHelpFile=Motion.chm\n");
     library("Usr\\Motion\\Motion.tarnlin", "[Library]\nType=Hpak\nID=demo.motion\nVersion=1.9.4\n");
+    // Two copies of one version: the one inside the install folder they both name stays.
+    library("Aaa\\Valve.tarnlin", "[Library]\nType=Hpak\nID=VALVE\nVersion=1.0\nInstallDir=Zzz\n");
+    library("Zzz\\Valve.tarnlin", "[Library]\nType=Hpak\nID=VALVE\nVersion=1.0\nInstallDir=Zzz\n");
 
     int exitCode = 0;
     const nlohmann::json all = findings(&exitCode, "libraries");
@@ -124,6 +127,10 @@ TEST_F(TqmDoctor, LibraryFaults)
     EXPECT_TRUE(Contains(duplicate["reason"], "uses " + motion + " (version 2.1.0)")) << duplicate;
     EXPECT_TRUE(Contains(duplicate["reason"], "the higher version stays")) << duplicate;
     EXPECT_TRUE(duplicate["message"].is_null());
+    const nlohmann::json sameVersion = finding(all, "libraries", tree.path("Libs\\Aaa\\Valve.tarnlin"), "set aside");
+    EXPECT_TRUE(Contains(sameVersion["reason"], "in its own install folder (" + tree.path("Libs\\Zzz") + ")"))
+        << all.dump(1);
+    EXPECT_TRUE(finding(all, "libraries", tree.path("Libs\\Zzz\\Valve.tarnlin"), "set aside").is_null());
 
     const nlohmann::json help = finding(all, "libraries", motion, "help file");
     ASSERT_FALSE(help.is_null()) << all.dump(1);

@@ -14,9 +14,13 @@
 #include "tools/tqm/Doctor.h"
 
 #include "config/IniFile.h"
+#include "config/IniSystemFold.h"
 #include "config/Profile.h"
 #include "libcatalog/LibraryLanguages.h"
 #include "libcatalog/LibraryLists.h"
+#include "libcatalog/logic/DuplicateLibraries.h"
+#include "libcatalog/logic/LibraryVersion.h"
+#include "paths/InstallDirs.h"
 #include "paths/PathNames.h"
 
 #include <windows.h>
@@ -103,9 +107,22 @@ int ProfileNumber(const char* text, int defaultValue)
 InstalledLibraries ReadInstalledLibraries()
 {
     InstalledLibraries installed;
-    installed.all = TakeListBlock(TQMGetInstalledLibraries(FALSE));
-    installed.kept = TakeListBlock(TQMGetInstalledLibraries(TRUE));
     installed.preferredLanguage = TQMGetLibLanguage().GetString();
+    installed.all = TakeListBlock(TQMGetInstalledLibraries(FALSE));
+    // The copies in use, chosen by the catalogue's own rule on the entries the
+    // doctor reads anyway: TQMGetInstalledLibraries(TRUE) would walk the tree
+    // and read every description once more for the same answer.
+    const std::string libsDir = TQMGetLibsDir().GetString();
+    std::vector<tqm::InstalledLibrary> table;
+    table.reserve(installed.all.size());
+    for (const std::string& description : installed.all) {
+        const LibraryEntries& entries = installed.EntriesOf(description);
+        uint32_t version = 0;
+        tqm::ParseLibraryVersion(entries.version.c_str(), &version);
+        table.push_back({description, entries.id, version, libsDir + "\\" + entries.installDir});
+    }
+    for (size_t i : tqm::ResolveDuplicateLibraries(table, tqm::ini::SystemNameFold()))
+        installed.kept.push_back(installed.all[i]);
     return installed;
 }
 
@@ -124,7 +141,7 @@ const LibraryEntries& InstalledLibraries::EntriesOf(const std::string& descripti
 std::string InstalledLibraries::KeptWithId(const std::string& id) const
 {
     if (m_keptById.empty()) {
-        // The first copy in use of an ID answers, as the list gives them.
+        // The catalogue keeps one copy of an ID.
         for (size_t i = 0; i < kept.size(); ++i)
             m_keptById.emplace(folded(EntriesOf(kept[i]).id), i);
     }
