@@ -25,7 +25,6 @@
 
 #include <windows.h>
 
-#include <ctype.h>
 #include <errno.h>
 #include <stdio.h>
 #include <stdint.h>
@@ -35,10 +34,12 @@ namespace tqmtool {
 namespace doctor {
 namespace {
 
+// text folded as the library compares names and IDs.
 std::string folded(std::string text)
 {
+    const tqm::ini::NameFold& fold = tqm::ini::SystemNameFold();
     for (char& c : text)
-        c = static_cast<char>(tolower(static_cast<unsigned char>(c)));
+        c = static_cast<char>(fold(c));
     return text;
 }
 
