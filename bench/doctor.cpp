@@ -119,8 +119,8 @@ int main()
            doctor / baseline, doctor * 1e3);
     g = 0;
     for (tqmtool::doctor::Group group : tqmtool::doctor::kAllGroups) {
-        printf("    --only %-12s                    %6.2f x baseline   (for scale)\n", tqmtool::doctor::GroupName(group),
-               groups[g++] / baseline);
+        printf("    --only %-12s                    %6.2f x baseline   (for scale)\n",
+               tqmtool::doctor::GroupName(group), groups[g++] / baseline);
     }
 
     TQMDelete(dir.c_str(), FALSE);

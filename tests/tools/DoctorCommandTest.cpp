@@ -152,8 +152,8 @@ TEST_F(TqmDoctor, HelpFileOfTheLanguageTheLibraryIsShownIn)
     library("C\\C.tarnlin", "[Library]\nType=Hpak\nID=C\n[de]\nHelpFile=C.chm\n");
     const nlohmann::json all = findings(nullptr, "libraries");
     const std::string a = tree.path("Libs\\A\\A.tarnlin");
-    EXPECT_TRUE(Contains(finding(all, "libraries", a, "help")["reason"], "(fr) is missing: " + tree.path("Libs\\A\\A_fr.chm")))
-        << all.dump(1);
+    const std::string aFrench = tree.path("Libs\\A\\A_fr.chm");
+    EXPECT_TRUE(Contains(finding(all, "libraries", a, "help")["reason"], "(fr) is missing: " + aFrench)) << all.dump(1);
     EXPECT_TRUE(Contains(finding(all, "libraries", tree.path("Libs\\B\\B.tarnlin"), "help")["reason"], "(fr)"))
         << all.dump(1);
     const nlohmann::json none = finding(all, "libraries", tree.path("Libs\\C\\C.tarnlin"), "help");
@@ -192,8 +192,9 @@ TEST_F(TqmDoctor, ProjectFaults)
     const std::string timers = tree.path("Libs\\Std\\Timers\\Timers.tarnlin");
     const std::string outside = tree.put("Elsewhere\\Mine.tarnlin", "[Library]\nType=Hpak\nID=MINE\n");
     tree.put("Projects\\Plant\\Copy.tarnlin", "[Library]\nType=Hpak\nID=demo.timers\nVersion=0.9\n");
-    const std::string plant = project("Plant", "Lib0=" + timers + ";1;0;;\nLib1=<$StdLibDir>\\Gone\\Gone.tarnlin\nLib2=" +
-                                                   outside + "\nLib3=<$NoSuchDir>\\x.tarnlin\nLib4=.\\Copy.tarnlin\n");
+    const std::string plant =
+        project("Plant", "Lib0=" + timers + ";1;0;;\nLib1=<$StdLibDir>\\Gone\\Gone.tarnlin\nLib2=" + outside +
+                             "\nLib3=<$NoSuchDir>\\x.tarnlin\nLib4=.\\Copy.tarnlin\n");
 
     int exitCode = 0;
     const nlohmann::json all = findings(&exitCode, "projects");

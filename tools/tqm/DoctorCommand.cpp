@@ -49,7 +49,8 @@ private:
         if (m_width && now - m_lastShown < 100)
             return;
         m_lastShown = now;
-        std::string line = std::string(what) + " " + std::to_string(done + 1) + "/" + std::to_string(total) + "  " + folder;
+        std::string line =
+            std::string(what) + " " + std::to_string(done + 1) + "/" + std::to_string(total) + "  " + folder;
         const size_t limit = 78;  // one line of a standard console
         if (line.size() > limit)
             line = line.substr(0, 20) + "..." + line.substr(line.size() - (limit - 23));

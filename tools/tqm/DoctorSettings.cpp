@@ -39,7 +39,8 @@ std::string registryText(DWORD type, const std::vector<BYTE>& data, DWORD size)
         memcpy(&value, data.data(), sizeof(value));
         return std::to_string(static_cast<int>(value));  // as the mirror stores numbers: "%d"
     }
-    return std::string(reinterpret_cast<const char*>(data.data()), strnlen(reinterpret_cast<const char*>(data.data()), size));
+    const char* text = reinterpret_cast<const char*>(data.data());
+    return std::string(text, strnlen(text, size));
 }
 
 // The values of the machine-wide section in the registry (the 32-bit view the
