@@ -9,7 +9,7 @@ if [ "$(id -u)" != "0" ]; then SUDO="sudo"; fi
 
 need_pkgs="cmake ninja-build g++-mingw-w64-i686-posix g++-mingw-w64-x86-64-posix \
 binutils-mingw-w64-i686 binutils-mingw-w64-x86-64 googletest wine wine64 \
-clang clang-tools libclang-rt-dev llvm lld doxygen xvfb"
+clang clang-tools libclang-rt-dev llvm lld doxygen xvfb nlohmann-json3-dev"
 
 missing=""
 for p in $need_pkgs; do
