@@ -1,0 +1,133 @@
+// The record file under kills: a writer process appending records is killed
+// at a random moment; every record whose write had returned TRUE reads back,
+// and the damaged tail, if any, is named exactly where it starts.
+#include "stress/Stress.h"
+
+#include "support/TempDir.h"
+#include "support/TqmProgram.h"
+
+#include "datafiles/RecFile.h"
+
+#include <gtest/gtest.h>
+
+#include <stdio.h>
+
+namespace tqmstress {
+namespace {
+
+// What the writer tells the test as it goes, in memory the two share: the
+// offset of its first record, and how many writes have returned TRUE.
+struct WriterProgress
+{
+    volatile LONG firstOffset;
+    volatile LONG returned;
+};
+
+std::string recordData(LONG n)
+{
+    std::string bytes(50 + (static_cast<unsigned long>(n) * 2654435761ul) % 3000, '\0');
+    for (size_t i = 0; i < bytes.size(); ++i)
+        bytes[i] = static_cast<char>(n * 13 + i * 7);
+    return bytes;
+}
+
+}  // namespace
+
+// Role "rec-writer": PATH SECTION. Creates the record file and appends records
+// until it is killed, counting in the shared section those that returned
+// TRUE.
+int RecWriterRole(const std::vector<std::string>& args)
+{
+    if (args.size() != 2)
+        return 2;
+    tqm::UniqueHandle section(OpenFileMappingA(FILE_MAP_WRITE, FALSE, args[1].c_str()));
+    tqm::UniqueView view(section ? MapViewOfFile(section.get(), FILE_MAP_WRITE, 0, 0, sizeof(WriterProgress))
+                                 : nullptr);
+    if (!view)
+        return 3;
+    auto* progress = static_cast<WriterProgress*>(view.get());
+    CRecFile file(FALSE);
+    if (!file.Create(args[0].c_str(), 0x52, 1, "killed writer"))
+        return 4;
+    InterlockedExchange(&progress->firstOffset, static_cast<LONG>(file.GetRecFilePointer()));
+    for (LONG n = 0;; ++n) {
+        const std::string data = recordData(n);
+        if (!file.WriteRec(9, static_cast<DWORD>(n), static_cast<DWORD>(data.size()), data.data()))
+            return 5;
+        InterlockedExchange(&progress->returned, n + 1);
+    }
+}
+
+namespace {
+
+TEST(RecordFileUnderKills, EveryReturnedRecordReadsBackAndTheTailIsNamed)
+{
+    const int kills = Sized(100, 5);
+    tqmtest::TempDir dir;
+    const std::string path = dir.file("Killed.dat");
+    char sectionName[64];
+    snprintf(sectionName, sizeof(sectionName), "Tqm.Stress.RecWriter.%lu", GetCurrentProcessId());
+    tqm::UniqueHandle section(
+        CreateFileMappingA(INVALID_HANDLE_VALUE, nullptr, PAGE_READWRITE, 0, sizeof(WriterProgress), sectionName));
+    tqm::UniqueView view(MapViewOfFile(section.get(), FILE_MAP_WRITE, 0, 0, sizeof(WriterProgress)));
+    ASSERT_TRUE(view);
+    auto* progress = static_cast<WriterProgress*>(view.get());
+    Random random(GetTickCount());
+    int lost = 0, tails = 0, misnamed = 0;
+    LONG records = 0;
+    for (int k = 0; k < kills; ++k) {
+        progress->firstOffset = 0;
+        progress->returned = 0;
+        Child writer;
+        ASSERT_TRUE(writer.Start("rec-writer", {path, sectionName}));
+        // Killed once it has written a while, at a moment of its own.
+        for (int waited = 0; progress->returned == 0 && waited < 30000; waited += 10)
+            Sleep(10);
+        Sleep(static_cast<DWORD>(random.Between(0, 400)));
+        writer.Kill();
+        const LONG returned = progress->returned;
+        records += returned;
+
+        // Every returned record reads back whole; where reading stops is the
+        // end of the last whole record.
+        CRecFile file(FALSE);
+        ASSERT_TRUE(file.Open(path.c_str(), 0x52)) << "kill " << k + 1 << ": error " << GetLastError();
+        LONG whole = 0;
+        DWORD end = static_cast<DWORD>(progress->firstOffset);
+        while (file.FindNextRec(9)) {
+            const std::string expected = recordData(whole);
+            std::string got(file.GetRecHdr()->dwDataLength, '\0');
+            if (got.size() != expected.size() || !file.ReadRec(&got[0], static_cast<DWORD>(got.size())) ||
+                got != expected)
+                break;
+            end += static_cast<DWORD>(20 + got.size());
+            ++whole;
+        }
+        file.Close();
+        if (whole < returned)
+            ++lost;
+        EXPECT_GE(whole, returned) << "kill " << k + 1;
+
+        // The tool names the damaged tail at that end, or finds none.
+        WIN32_FILE_ATTRIBUTE_DATA data = {};
+        GetFileAttributesExA(path.c_str(), GetFileExInfoStandard, &data);
+        const tqmtest::TqmRun verify = tqmtest::RunTqm({"rec", "verify", path});
+        if (data.nFileSizeLow == end) {
+            EXPECT_EQ(0, verify.exitCode) << verify.out << verify.err;
+        } else {
+            ++tails;
+            const std::string named = "damaged at offset " + std::to_string(end) + ":";
+            if (verify.exitCode != 1 || !tqmtest::Contains(verify.out + verify.err, named))
+                ++misnamed;
+            EXPECT_TRUE(tqmtest::Contains(verify.out + verify.err, named))
+                << "kill " << k + 1 << ", expected \"" << named << "\": " << verify.out << verify.err;
+        }
+        DeleteFileA(path.c_str());
+    }
+    Figure("record file: %d kills, %ld records had returned TRUE; kills that lost one of them %d; damaged tails %d, "
+           "named at the wrong offset %d",
+           kills, records, lost, tails, misnamed);
+}
+
+}  // namespace
+}  // namespace tqmstress
