@@ -11,35 +11,34 @@
 #include "config/logic/IniLineGrammar.h"
 #include "config/logic/IniNameIndex.h"
 #include "config/logic/IniText.h"
-#include "config/logic/RecordPool.h"
 
 #include <stdint.h>
 #include <string.h>
 
 #include <new>
 #include <string>
-#include <unordered_map>
+#include <memory>
 #include <utility>
 
 using tqm::ini::NamePositionIndex;
-using tqm::ini::RecordPool;
 using tqm::ini::SystemNameFold;
 
+// What the document keeps beside its documented members: the names of the
+// section Read is filling, so that every entry line finds an entry of its
+// name it replaces without walking the section. Only Read changes the
+// section while it reads, so the index stays true; it is dropped when Read
+// ends. Lookups after that walk the arrays, which a derived class may change
+// as it likes.
 struct CTQMIniFileStorage
 {
-    RecordPool pool;
-    NamePositionIndex sections;
-    NamePositionIndex reading;  // the section Read is filling
-    // Only sections with many entries have one, keyed by their record.
-    std::unordered_map<const void*, NamePositionIndex> entries;
+    NamePositionIndex reading;
 };
 
 namespace {
 
-// Shorter arrays are walked; from this size on a name is found by its hash.
-const int kIndexFrom = 64;
-
 // --- Records ----------------------------------------------------------------
+// Every record is one block from new[], owned by the document and freed with
+// delete[]; a derived class may do either itself.
 
 CPtrArray*& entriesOf(void* pRec) { return *static_cast<CPtrArray**>(pRec); }
 char* sectionNameOf(void* pRec) { return static_cast<char*>(pRec) + sizeof(CPtrArray*); }
@@ -57,51 +56,21 @@ char* entryValueOf(void* pRec) { return entryNameOf(pRec) + entryNameSize(pRec);
 // never have to grow theirs.
 const int kEntriesAtOnce = 32;
 
-// A section's entry array lives in the pool as well (it is a block apart from
-// the section record, as before; only the document frees it).
-CPtrArray* newEntryArray(RecordPool& pool)
-{
-    CPtrArray* pEntries = new (pool.Allocate(sizeof(CPtrArray))) CPtrArray;
-    try {
-        pEntries->SetSize(0, kEntriesAtOnce);
-    } catch (...) {
-        pEntries->~CPtrArray();
-        pool.Free(reinterpret_cast<char*>(pEntries), sizeof(CPtrArray));
-        throw;
-    }
-    return pEntries;
-}
-
-void deleteEntryArray(RecordPool& pool, CPtrArray* pEntries)
-{
-    pEntries->~CPtrArray();
-    pool.Free(reinterpret_cast<char*>(pEntries), sizeof(CPtrArray));
-}
-
-size_t sectionRecordSize(void* pRec) { return sizeof(CPtrArray*) + strlen(sectionNameOf(pRec)) + 1; }
-size_t entryRecordSize(void* pRec)
-{
-    return sizeof(uint16_t) + entryNameSize(pRec) + strlen(entryValueOf(pRec)) + 1;
-}
-
-char* newSectionRecord(RecordPool& pool, const char* pszName)
+char* newSectionRecord(const char* pszName)
 {
     size_t nName = strlen(pszName);
-    char* pRec = pool.Allocate(sizeof(CPtrArray*) + nName + 1);
-    memcpy(sectionNameOf(pRec), pszName, nName + 1);
-    try {
-        entriesOf(pRec) = newEntryArray(pool);
-    } catch (...) {
-        pool.Free(pRec, sizeof(CPtrArray*) + nName + 1);
-        throw;
-    }
-    return pRec;
+    std::unique_ptr<char[]> pRec(new char[sizeof(CPtrArray*) + nName + 1]);
+    memcpy(sectionNameOf(pRec.get()), pszName, nName + 1);
+    std::unique_ptr<CPtrArray> pEntries(new CPtrArray);
+    pEntries->SetSize(0, kEntriesAtOnce);
+    entriesOf(pRec.get()) = pEntries.release();
+    return pRec.release();
 }
 
 // The caller has checked that the name fits the 16-bit count.
-char* newEntryRecord(RecordPool& pool, const char* pszName, size_t nName, const char* pszValue, size_t nValue)
+char* newEntryRecord(const char* pszName, size_t nName, const char* pszValue, size_t nValue)
 {
-    char* pRec = pool.Allocate(sizeof(uint16_t) + nName + 1 + nValue + 1);
+    char* pRec = new char[sizeof(uint16_t) + nName + 1 + nValue + 1];
     uint16_t nSize = static_cast<uint16_t>(nName + 1);
     memcpy(pRec, &nSize, sizeof(nSize));
     memcpy(entryNameOf(pRec), pszName, nName);
@@ -111,43 +80,29 @@ char* newEntryRecord(RecordPool& pool, const char* pszName, size_t nName, const 
     return pRec;
 }
 
-void freeEntryRecord(RecordPool& pool, void* pRec) { pool.Free(static_cast<char*>(pRec), entryRecordSize(pRec)); }
+void freeEntryRecord(void* pRec) { delete[] static_cast<char*>(pRec); }
 
-void freeSectionRecord(RecordPool& pool, void* pRec)
+void freeSectionRecord(void* pRec)
 {
     CPtrArray* pEntries = entriesOf(pRec);
     for (int i = 0; i < pEntries->GetSize(); ++i)
-        freeEntryRecord(pool, pEntries->GetAt(i));
-    deleteEntryArray(pool, pEntries);
-    pool.Free(static_cast<char*>(pRec), sectionRecordSize(pRec));
+        freeEntryRecord(pEntries->GetAt(i));
+    delete pEntries;
+    delete[] static_cast<char*>(pRec);
 }
 
-// Adds a record to an array; if the array cannot grow, the record goes back.
-int appendRecord(RecordPool& pool, CPtrArray& array, char* pRec, size_t nSize)
+// Adds a record to an array; if the array cannot grow, the record goes.
+int appendEntryRecord(CPtrArray& array, char* pRec)
 {
     try {
         return array.Add(pRec);
     } catch (...) {
-        pool.Free(pRec, nSize);
+        freeEntryRecord(pRec);
         throw;
     }
 }
 
 // --- Lookups by name ---------------------------------------------------------
-
-// Brings an index up to the array's size (appends are indexed lazily).
-template <typename NameOf>
-void syncIndex(NamePositionIndex& index, const CPtrArray& array, NameOf nameOf)
-{
-    if (index.Count() > array.GetSize())
-        index.Clear();
-    const tqm::ini::NameFold& fold = SystemNameFold();
-    for (int i = index.Count(); i < array.GetSize(); ++i)
-        index.Append(fold.Hash(nameOf(array.GetData()[i])));
-}
-
-const char* sectionNameAtRecord(void* pRec) { return sectionNameOf(pRec); }
-const char* entryNameAtRecord(void* pRec) { return entryNameOf(pRec); }
 
 // Runs an operation whose only failure is an exception; the failure becomes
 // the given result.
@@ -213,8 +168,7 @@ BOOL CTQMIniFile::copyFrom(const CTQMIniFile& src)
                     const char* pszValue = entryValueOf(pSrcEntry);
                     size_t nValue = strlen(pszValue);
                     size_t nName = entryNameSize(pSrcEntry) - 1;
-                    char* pRec = newEntryRecord(storage().pool, entryNameOf(pSrcEntry), nName, pszValue, nValue);
-                    appendRecord(storage().pool, *m_pCurEntries, pRec, sizeof(uint16_t) + nName + nValue + 2);
+                    appendEntryRecord(*m_pCurEntries, newEntryRecord(entryNameOf(pSrcEntry), nName, pszValue, nValue));
                 }
             }
         }
@@ -232,28 +186,18 @@ BOOL CTQMIniFile::copyFrom(const CTQMIniFile& src)
     return FALSE;
 }
 
-void CTQMIniFile::RemoveAll() { clearContents(false); }
-
-void CTQMIniFile::clearContents(bool bKeepMemory)
+void CTQMIniFile::RemoveAll()
 {
     m_strFileComment.Empty();
     m_nLine = -1;
     if (m_pSections) {
-        // The records go with the pool, all at once; the entry arrays' own
-        // memory one by one.
         for (int i = 0; i < m_pSections->GetSize(); ++i)
-            entriesOf(m_pSections->GetAt(i))->~CPtrArray();
+            freeSectionRecord(m_pSections->GetAt(i));
         delete m_pSections;
         m_pSections = nullptr;
     }
-    if (m_pStorage) {
-        if (bKeepMemory)
-            m_pStorage->pool.Reset();
-        else
-            m_pStorage->pool.Release();
-        m_pStorage->sections.Clear();
-        m_pStorage->entries.clear();
-    }
+    if (m_pStorage)
+        m_pStorage->reading.Clear();
     resetCursor();
 }
 
@@ -274,8 +218,7 @@ void CTQMIniFile::resetCursor()
 
 int CTQMIniFile::Read(const char* pszPath)
 {
-    // As RemoveAll, but the memory of the old contents is kept for the new.
-    clearContents(true);
+    RemoveAll();
     if (!pszPath)
         return 0;
     return failSafe(0, [&] {
@@ -416,10 +359,8 @@ int CTQMIniFile::RemoveSection(const char* pszSection)
         return 0;
     int nSection = m_nCurSection;
     void* pRec = m_pCurSection;
-    m_pStorage->sections.Clear();  // the positions behind the gap move
-    m_pStorage->entries.erase(pRec);
     m_pSections->RemoveAt(nSection);
-    freeSectionRecord(m_pStorage->pool, pRec);
+    freeSectionRecord(pRec);
     resetCursor();
     return 1;
 }
@@ -428,9 +369,8 @@ int CTQMIniFile::RemoveEntry(const char* pszSection, const char* pszEntry)
 {
     if (!findSection(pszSection) || !findEntry(pszEntry))
         return 0;
-    m_pStorage->entries.erase(m_pCurSection);
     m_pCurEntries->RemoveAt(m_nCurEntry);
-    freeEntryRecord(m_pStorage->pool, m_pCurEntry);
+    freeEntryRecord(m_pCurEntry);
     resetCursor();
     return 1;
 }
@@ -487,10 +427,14 @@ int CTQMIniFile::findEntry(const char* pszName)
     return n >= 0 ? selectEntryAt(n) : 0;
 }
 
+// Only the upper bound is a "not found": a negative index reaches the array
+// and is the caller's error.
 int CTQMIniFile::selectSectionAt(int nIndex)
 {
-    if (!m_pSections || nIndex < 0 || nIndex >= m_pSections->GetSize())
+    if (!m_pSections || nIndex >= m_pSections->GetSize())
         return 0;
+    if (nIndex < 0)
+        return refuseIndex();
     char* pRec = static_cast<char*>(m_pSections->GetAt(nIndex));
     m_nCurSection = nIndex;
     m_pCurSection = pRec;
@@ -501,8 +445,10 @@ int CTQMIniFile::selectSectionAt(int nIndex)
 
 int CTQMIniFile::selectEntryAt(int nIndex)
 {
-    if (!m_pCurEntries || nIndex < 0 || nIndex >= m_pCurEntries->GetSize())
+    if (!m_pCurEntries || nIndex >= m_pCurEntries->GetSize())
         return 0;
+    if (nIndex < 0)
+        return refuseIndex();
     char* pRec = static_cast<char*>(m_pCurEntries->GetAt(nIndex));
     m_nCurEntry = nIndex;
     m_pCurEntry = pRec;
@@ -530,65 +476,53 @@ void CTQMIniFile::addEntry(const char* pszName, const char* pszValue)
         });
 }
 
+int CTQMIniFile::refuseIndex()
+{
+    tqm::DeferException(new CInvalidArgException);
+    return 0;
+}
+
 // --- Private helpers (they may throw; the members above catch) ----------------
 
 int CTQMIniFile::positionOfSection(const char* pszName)
 {
     const tqm::ini::NameFold& fold = SystemNameFold();
-    const CPtrArray& sections = *m_pSections;
-    void* const* pRecs = sections.GetData();
-    int nCount = sections.GetSize();
-    if (nCount < kIndexFrom) {
-        for (int i = 0; i < nCount; ++i) {
-            if (fold.Equal(sectionNameOf(pRecs[i]), pszName))
-                return i;
-        }
-        return -1;
+    void* const* pRecs = m_pSections->GetData();
+    int nCount = m_pSections->GetSize();
+    for (int i = 0; i < nCount; ++i) {
+        if (fold.Equal(sectionNameOf(pRecs[i]), pszName))
+            return i;
     }
-    NamePositionIndex& index = storage().sections;
-    syncIndex(index, sections, sectionNameAtRecord);
-    return index.FindFirst(fold.Hash(pszName),
-                           [&](int n) { return fold.Equal(sectionNameOf(pRecs[n]), pszName); });
+    return -1;
 }
 
 int CTQMIniFile::positionOfEntry(const char* pszName)
 {
     const tqm::ini::NameFold& fold = SystemNameFold();
-    const CPtrArray& entries = *m_pCurEntries;
-    void* const* pRecs = entries.GetData();
-    int nCount = entries.GetSize();
+    void* const* pRecs = m_pCurEntries->GetData();
+    int nCount = m_pCurEntries->GetSize();
     // Byte-wise folding keeps lengths, so the stored name size rules most out.
     unsigned nSize = static_cast<unsigned>(strlen(pszName)) + 1;
     // Numbered names (File0, File1, ...) differ last: compare that character first.
     unsigned char last = nSize > 1 ? fold(pszName[nSize - 2]) : 0;
-    auto matches = [&](int n) {
-        const char* pszStored = entryNameOf(pRecs[n]);
-        return entryNameSize(pRecs[n]) == nSize && (nSize < 2 || fold(pszStored[nSize - 2]) == last) &&
-               fold.Equal(pszStored, pszName);
-    };
-    if (nCount < kIndexFrom) {
-        for (int i = 0; i < nCount; ++i) {
-            if (matches(i))
-                return i;
-        }
-        return -1;
+    for (int i = 0; i < nCount; ++i) {
+        const char* pszStored = entryNameOf(pRecs[i]);
+        if (entryNameSize(pRecs[i]) == nSize && (nSize < 2 || fold(pszStored[nSize - 2]) == last) &&
+            fold.Equal(pszStored, pszName))
+            return i;
     }
-    NamePositionIndex& index = storage().entries[m_pCurSection];
-    syncIndex(index, entries, entryNameAtRecord);
-    return index.FindFirst(fold.Hash(pszName), matches);
+    return -1;
 }
 
 void CTQMIniFile::appendSection(const char* pszName)
 {
     if (!m_pSections)
         m_pSections = new CPtrArray;
-    RecordPool& pool = storage().pool;
-    char* pRec = newSectionRecord(pool, pszName);
+    char* pRec = newSectionRecord(pszName);
     try {
         m_pSections->Add(pRec);
     } catch (...) {
-        deleteEntryArray(pool, entriesOf(pRec));
-        pool.Free(pRec, sectionRecordSize(pRec));
+        freeSectionRecord(pRec);
         throw;
     }
     selectSectionAt(m_pSections->GetUpperBound());
@@ -608,10 +542,8 @@ int CTQMIniFile::putEntry(int nFound, const char* pszName, const char* pszValue)
     // Too long: nothing is stored, and an entry it would replace keeps its value.
     if (nName + nValue > static_cast<size_t>(tqm::ini::kMaxEntryText))
         return -1;
-    RecordPool& pool = storage().pool;
     if (nFound < 0) {
-        char* pRec = newEntryRecord(pool, pszName, nName, pszValue, nValue);
-        int nAdded = appendRecord(pool, *m_pCurEntries, pRec, sizeof(uint16_t) + nName + nValue + 2);
+        int nAdded = appendEntryRecord(*m_pCurEntries, newEntryRecord(pszName, nName, pszValue, nValue));
         selectEntryAt(nAdded);
         return nAdded;
     }
@@ -619,8 +551,8 @@ int CTQMIniFile::putEntry(int nFound, const char* pszName, const char* pszValue)
     // (key=1 then KEY=2 leaves key=2). The new record is made before the old
     // one goes, as the new value may be a pointer into it.
     char* pOld = m_pCurEntry;
-    m_pCurEntries->SetAt(nFound, newEntryRecord(pool, m_pszCurEntry, nName, pszValue, nValue));
-    freeEntryRecord(pool, pOld);
+    m_pCurEntries->SetAt(nFound, newEntryRecord(m_pszCurEntry, nName, pszValue, nValue));
+    freeEntryRecord(pOld);
     selectEntryAt(nFound);
     return nFound;
 }
@@ -643,14 +575,9 @@ void CTQMIniFile::storeReadEntry(const char* pszName, const char* pszValue)
         reading.Append(hash);
 }
 
-// The section Read was filling is complete: a long one keeps the index Read
-// made of it for the lookups to come.
+// The section Read was filling is complete: its index goes.
 void CTQMIniFile::finishReadSection()
 {
-    if (!m_pStorage)
-        return;
-    NamePositionIndex& reading = m_pStorage->reading;
-    if (m_pCurEntries && reading.Count() == m_pCurEntries->GetSize() && reading.Count() >= kIndexFrom)
-        m_pStorage->entries[m_pCurSection] = std::move(reading);
-    reading.Clear();
+    if (m_pStorage)
+        m_pStorage->reading.Clear();
 }

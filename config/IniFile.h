@@ -21,9 +21,10 @@
 // one object is used by one thread at a time.
 //
 // The members taking an index test only the upper bound: an index past the
-// end is "not found", a negative one is the caller's error and throws
-// CInvalidArgException*. That check is inline here, so the exception is
-// thrown in the caller's module.
+// end, or any index while there is nothing to index (no section list, no
+// selected section), is "not found"; a negative one that reaches an array is
+// the caller's error and throws CInvalidArgException*. The exception is
+// thrown in the caller's module, by the inline code here.
 #pragma once
 
 #include "framework/CString.h"
@@ -82,14 +83,11 @@ public:
     const char* GetEntryValue(int nSection, int nEntry) { return GetEntryValue(nSection, nEntry, ""); }
     const char* GetEntryValue(int nSection, int nEntry, const char* pszDefault)
     {
-        TqmCheckIndex(nSection);
-        TqmCheckIndex(nEntry);
-        return entryValueAt(nSection, nEntry, pszDefault);
+        return TqmResultOrThrow(entryValueAt(nSection, nEntry, pszDefault));
     }
     const char* GetEntryValue(int nSection, const char* pszEntry)
     {
-        TqmCheckIndex(nSection);
-        return entryValueIn(nSection, pszEntry);
+        return TqmResultOrThrow(entryValueIn(nSection, pszEntry));
     }
     // Adds or replaces an entry, adding the section when it is missing. 0 when
     // the section name holds one of = [ ] CR LF, or the entry name one of
@@ -107,29 +105,15 @@ public:
     int GetNumSections() const;
     // 0 when the section is missing.
     int GetNumEntries(const char* pszSection);
-    int GetNumEntries(int nSection)
-    {
-        TqmCheckIndex(nSection);
-        return numEntriesAt(nSection);
-    }
+    int GetNumEntries(int nSection) { return TqmResultOrThrow(numEntriesAt(nSection)); }
     // "" when an index is out of range.
-    const char* GetSectionName(int nSection)
-    {
-        TqmCheckIndex(nSection);
-        return sectionNameAt(nSection);
-    }
-    const char* GetEntryName(int nSection, int nEntry)
-    {
-        TqmCheckIndex(nSection);
-        TqmCheckIndex(nEntry);
-        return entryNameAt(nSection, nEntry);
-    }
+    const char* GetSectionName(int nSection) { return TqmResultOrThrow(sectionNameAt(nSection)); }
+    const char* GetEntryName(int nSection, int nEntry) { return TqmResultOrThrow(entryNameAt(nSection, nEntry)); }
     // -1 when the section (or the entry) is missing.
     int GetSectionIndex(const char* pszSection);
     int GetEntryIndex(int nSection, const char* pszEntry)
     {
-        TqmCheckIndex(nSection);
-        return entryIndexIn(nSection, pszEntry);
+        return TqmResultOrThrow(entryIndexIn(nSection, pszEntry));
     }
     int GetEntryIndex(const char* pszSection, const char* pszEntry);
 
@@ -144,18 +128,10 @@ protected:
     static int trimwhite(char* start, char* end);
     // Select the first section of the name / the section at the index; 1 / 0.
     int findSection(const char* pszName);
-    int findSection(int nIndex)
-    {
-        TqmCheckIndex(nIndex);
-        return selectSectionAt(nIndex);
-    }
+    int findSection(int nIndex) { return TqmResultOrThrow(selectSectionAt(nIndex)); }
     // Select an entry of the selected section by name / by index; 1 / 0.
     int findEntry(const char* pszName);
-    int findEntry(int nIndex)
-    {
-        TqmCheckIndex(nIndex);
-        return selectEntryAt(nIndex);
-    }
+    int findEntry(int nIndex) { return TqmResultOrThrow(selectEntryAt(nIndex)); }
     // Appends a section (whatever its name) and selects it.
     void addSection(const char* pszName);
     // Adds or replaces an entry of the selected section and selects it.
@@ -176,22 +152,21 @@ protected:
     char* m_pszCurValue;           //   its value
     BOOL m_bTolerant;              // Read skips malformed lines instead of failing; never set by this class
 
-    // Each record is one block. A section record is the pointer to its own
-    // entry array (a CPtrArray, allocated apart) followed by the NUL-terminated
-    // name. An entry record is a 16-bit count (name length + 1), the
-    // NUL-terminated name, then the NUL-terminated value. The document carves
-    // the blocks from a memory pool of its own (reading a big file would
-    // otherwise spend most of its time in the heap), so only the document
-    // frees them.
+    // Each record is one block from new[], owned by the document and freed
+    // with delete[]. A section record is the pointer to its own entry array
+    // (a CPtrArray from new, owned by the section) followed by the
+    // NUL-terminated name. An entry record is a 16-bit count (name length +
+    // 1), the NUL-terminated name, then the NUL-terminated value. A derived
+    // class may make, free and reorder records in the arrays itself: lookups
+    // by name walk the arrays as they are.
 
 private:
-    // The record pool and the hash indexes for lookups by name in long
-    // sections and long section lists, kept here after the members above
-    // (their layout is unchanged). The indexes assume that the arrays change
-    // only through this class.
+    // Kept here after the members above (their layout is unchanged): what
+    // Read needs while it fills a section.
     CTQMIniFileStorage* m_pStorage;
 
-    // The index forms, past the inline check for a negative index.
+    // The index forms; a negative index that reaches an array parks the
+    // exception the inline code above throws.
     int selectSectionAt(int nIndex);
     int selectEntryAt(int nIndex);
     const char* entryValueAt(int nSection, int nEntry, const char* pszDefault);
@@ -200,9 +175,10 @@ private:
     const char* sectionNameAt(int nSection);
     const char* entryNameAt(int nSection, int nEntry);
     int entryIndexIn(int nSection, const char* pszEntry);
+    // Parks CInvalidArgException for the inline caller; 0.
+    int refuseIndex();
 
     CTQMIniFileStorage& storage();
-    void clearContents(bool bKeepMemory);
     void resetCursor();
     int positionOfSection(const char* pszName);
     int positionOfEntry(const char* pszName);

@@ -33,18 +33,13 @@ CRecFile::CRecFile(BOOL bThrow) : m_bThrow(bThrow), m_hFile(INVALID_HANDLE_VALUE
 CRecFile::~CRecFile()
 {
     if (isOpen())
-        releaseFile(true);
+        releaseFile();
 }
 
 // ---- state -------------------------------------------------------------
 
 void CRecFile::resetSeek()
 {
-    if (m_pAccess) {
-        m_pAccess->core->ResetSeek();
-        mirror();
-        return;
-    }
     memset(&m_RecHdr, 0, sizeof(m_RecHdr));
     m_nRecState = kNoPosition;
     m_dwNextRecPos = 0;
@@ -85,7 +80,7 @@ BOOL CRecFile::error(DWORD dwError)
         dwError = ::GetLastError();
     ::SetLastError(dwError);
     if (isOpen())
-        releaseFile(true);
+        releaseFile();
     // Closing must not change the code the caller sees.
     ::SetLastError(dwError);
     if (m_bThrow) {
@@ -110,24 +105,42 @@ BOOL CRecFile::attachFile(HANDLE hFile)
     return TRUE;
 }
 
-// Closes the file. With bWritePending the bytes still gathered go to disk
-// first, so that the file holds exactly what was written through the object.
-// FALSE, with the system's code as the last error, when that or closing failed.
-BOOL CRecFile::releaseFile(bool bWritePending)
+// Closes the file. FALSE, with the system's code as the last error, when
+// closing failed.
+BOOL CRecFile::releaseFile()
 {
+    delete m_pAccess;
+    m_pAccess = nullptr;
     DWORD dwError = 0;
-    if (m_pAccess) {
-        if (bWritePending)
-            dwError = m_pAccess->core->Flush();
-        delete m_pAccess;
-        m_pAccess = nullptr;
-    }
-    if (m_hFile != INVALID_HANDLE_VALUE && !::CloseHandle(m_hFile) && !dwError)
+    if (m_hFile != INVALID_HANDLE_VALUE && !::CloseHandle(m_hFile))
         dwError = ::GetLastError();
     m_hFile = INVALID_HANDLE_VALUE;
     if (dwError)
         ::SetLastError(dwError);
     return dwError == 0;
+}
+
+// The members are the object's state: a derived class may read and set
+// them between calls. The record file's logic works on a copy of them for
+// the length of one step.
+tqm::RecordFileCore* CRecFile::core()
+{
+    if (!m_pAccess)
+        return nullptr;
+    tqm::RecordFileCore& core = *m_pAccess->core;
+    core.mode = m_nMode;
+    core.recState = m_nRecState;
+    core.firstRecPos = m_dwFirstRecPos;
+    core.nextRecPos = m_dwNextRecPos;
+    core.fileSize = m_dwFileSize;
+    core.header = {m_RecHdr.dwMagic, m_RecHdr.dwRecType, m_RecHdr.dwRecParam, m_RecHdr.dwDataLength,
+                   m_RecHdr.dwChecksum};
+    core.fileType = m_dwFileType;
+    core.version = m_dwVersion;
+    core.runningSum = m_dwRunningSum;
+    core.dataDone = m_dwDataDone;
+    core.recStartPos = m_dwRecStartPos;
+    return &core;
 }
 
 void CRecFile::mirror()
@@ -182,13 +195,22 @@ BOOL CRecFile::getFullPath(const char* pszPath)
 
 BOOL CRecFile::seek(DWORD dwPos, DWORD dwMethod)
 {
-    if (!m_pAccess)
+    if (dwPos == kUnknown && dwMethod == FILE_BEGIN)
         return error(ERROR_INVALID_FUNCTION);
+    if (dwMethod != FILE_BEGIN && dwMethod != FILE_END)
+        return error(ERROR_INVALID_FUNCTION);
+    tqm::RecordFileCore* pCore = core();
+    if (!pCore) {
+        // No file: the system refuses to move on the handle, with its own code.
+        resetSeek();
+        LARGE_INTEGER distance = {};
+        if (!::SetFilePointerEx(m_hFile, distance, nullptr, dwMethod))
+            return error(kSystemError);
+        return error(ERROR_INVALID_HANDLE);
+    }
     if (dwMethod == FILE_BEGIN)
-        return outcome(m_pAccess->core->Seek(dwPos));
-    if (dwMethod == FILE_END)
-        return outcome(m_pAccess->core->SeekFromEnd(static_cast<LONG>(dwPos)));
-    return error(ERROR_INVALID_FUNCTION);
+        return outcome(pCore->Seek(dwPos));
+    return outcome(pCore->SeekFromEnd(static_cast<LONG>(dwPos)));
 }
 
 // ---- creating ----------------------------------------------------------
@@ -209,16 +231,14 @@ BOOL CRecFile::create(const char* pszPath, DWORD dwFileType, DWORD dwVersion, co
     ::GetLocalTime(&m_CreationTime);
     m_strDesc = pszDesc;
     const SYSTEMTIME& t = m_CreationTime;
-    DWORD dwError =
-        m_pAccess->core->Create(dwFileType, dwVersion, {t.wYear, t.wMonth, t.wDay, t.wHour, t.wMinute, t.wSecond},
-                                pszDesc);
+    DWORD dwError = core()->Create(dwFileType, dwVersion,
+                                   {t.wYear, t.wMonth, t.wDay, t.wHour, t.wMinute, t.wSecond}, pszDesc);
     mirror();
     if (dwError == 0)
         return TRUE;
 
     // Nothing half-made stays behind.
-    m_pAccess->core->Discard();
-    releaseFile(false);
+    releaseFile();
     ::DeleteFileA(m_strPath);
     clearData();
     return error(dwError);
@@ -238,21 +258,21 @@ BOOL CRecFile::open(const char* pszPath, DWORD dwFileType, BOOL bWrite)
     if (hFile == INVALID_HANDLE_VALUE || !attachFile(hFile))
         return error(kSystemError);
 
-    const tqm::RecordFileCore& core = *m_pAccess->core;
-    if (DWORD dwError = m_pAccess->core->Open(dwFileType, bWrite != FALSE)) {
-        releaseFile(false);
+    tqm::RecordFileCore& opened = *core();
+    if (DWORD dwError = opened.Open(dwFileType, bWrite != FALSE)) {
+        releaseFile();
         clearData();
         return error(dwError);
     }
     mirror();
     memset(&m_CreationTime, 0, sizeof(m_CreationTime));
-    m_CreationTime.wYear = static_cast<WORD>(core.created.year);
-    m_CreationTime.wMonth = static_cast<WORD>(core.created.month);
-    m_CreationTime.wDay = static_cast<WORD>(core.created.day);
-    m_CreationTime.wHour = static_cast<WORD>(core.created.hour);
-    m_CreationTime.wMinute = static_cast<WORD>(core.created.minute);
-    m_CreationTime.wSecond = static_cast<WORD>(core.created.second);
-    m_strDesc = core.description.c_str();
+    m_CreationTime.wYear = static_cast<WORD>(opened.created.year);
+    m_CreationTime.wMonth = static_cast<WORD>(opened.created.month);
+    m_CreationTime.wDay = static_cast<WORD>(opened.created.day);
+    m_CreationTime.wHour = static_cast<WORD>(opened.created.hour);
+    m_CreationTime.wMinute = static_cast<WORD>(opened.created.minute);
+    m_CreationTime.wSecond = static_cast<WORD>(opened.created.second);
+    m_strDesc = opened.description.c_str();
     // Records are appended.
     if (bWrite && !seek(0, FILE_END))
         return FALSE;
@@ -267,7 +287,7 @@ BOOL CRecFile::close()
         clearData();
         return FALSE;
     }
-    if (!releaseFile(true)) {
+    if (!releaseFile()) {
         DWORD dwError = ::GetLastError();
         clearData();
         return error(dwError);
@@ -277,41 +297,40 @@ BOOL CRecFile::close()
 }
 
 // ---- attributes --------------------------------------------------------
-// Asking while no file is open is no misuse that would close anything: these
-// answer with their "none" value and leave the object and the last-error
-// code as they are.
+// Asking while no file is open is a call in the wrong state, as for every
+// other member.
 
-BOOL CRecFile::GetFileType(DWORD& dwType)
+BOOL CRecFile::getFileType(DWORD& dwType)
 {
     dwType = kUnknown;
     if (!isOpen())
-        return FALSE;
+        return error(ERROR_INVALID_FUNCTION);
     dwType = m_dwFileType;
     return TRUE;
 }
 
-BOOL CRecFile::GetVersion(DWORD& dwVersion)
+BOOL CRecFile::getVersion(DWORD& dwVersion)
 {
     dwVersion = kUnknown;
     if (!isOpen())
-        return FALSE;
+        return error(ERROR_INVALID_FUNCTION);
     dwVersion = m_dwVersion;
     return TRUE;
 }
 
-BOOL CRecFile::GetCreationTime(SYSTEMTIME* pTime)
+BOOL CRecFile::getCreationTime(SYSTEMTIME* pTime)
 {
     if (!isOpen() || !pTime)
-        return FALSE;
+        return error(ERROR_INVALID_FUNCTION);
     *pTime = m_CreationTime;
     return TRUE;
 }
 
-BOOL CRecFile::GetCreationTime(CString& str)
+BOOL CRecFile::getCreationTime(CString& str)
 {
     str.Empty();
     if (!isOpen())
-        return FALSE;
+        return error(ERROR_INVALID_FUNCTION);
     const SYSTEMTIME& t = m_CreationTime;
     str.Format("%02u/%02u/%04u %02u:%02u:%02u", t.wDay, t.wMonth, t.wYear, t.wHour, t.wMinute, t.wSecond);
     return TRUE;

@@ -29,10 +29,10 @@
 // with TqmTakeDeferredException.
 //
 // The record file's logic works on bytes (datafiles/logic/RecordFileCore.h);
-// this class gives it the file. Records are gathered in memory and reach the
-// disk in large pieces, at the latest when the file is closed (also by a failure or the destructor). A
-// write the disk refuses is therefore reported by whichever call wrote at
-// the time, Close included.
+// this class gives it the file. Each writing call writes its bytes to the
+// file before it returns (WriteRec its header and data at once), so a writer
+// that ends without Close - a crash, a kill - leaves every record it
+// finished, and a write the disk refuses fails the call that made it.
 //
 // An object is used by one thread. The file is opened without sharing.
 #pragma once
@@ -44,6 +44,9 @@
 #include "framework/Export.h"
 
 struct CRecFileAccess;
+namespace tqm {
+class RecordFileCore;
+}
 
 // A typed, checksummed record file, written and read one record after the other.
 class TQM_CLASS CRecFile
@@ -87,13 +90,14 @@ public:
     // Does nothing; FALSE.
     BOOL Dump(const char* pszPath, const char* pszOut);
 
-    // Attributes of the open file (FALSE, NULL or 0xFFFFFFFF when none is open;
-    // these only report and never close the file or throw)
-    BOOL GetFileType(DWORD& dwType);
-    BOOL GetVersion(DWORD& dwVersion);
-    BOOL GetCreationTime(SYSTEMTIME* pTime);
+    // Attributes of the open file. Without one, the out value is 0xFFFFFFFF
+    // (or "") and the call fails as any call in the wrong state does.
+    BOOL GetFileType(DWORD& dwType) { return TqmResultOrThrow(getFileType(dwType)); }
+    BOOL GetVersion(DWORD& dwVersion) { return TqmResultOrThrow(getVersion(dwVersion)); }
+    BOOL GetCreationTime(SYSTEMTIME* pTime) { return TqmResultOrThrow(getCreationTime(pTime)); }
     // As "DD/MM/YYYY hh:mm:ss".
-    BOOL GetCreationTime(CString& str);
+    BOOL GetCreationTime(CString& str) { return TqmResultOrThrow(getCreationTime(str)); }
+    // NULL when no file is open.
     const char* GetDesc();
 
     // Positioning for reading
@@ -101,6 +105,7 @@ public:
     // at the end of the file.
     BOOL FindNextRec(DWORD dwRecType) { return TqmResultOrThrow(findNextRec(dwRecType)); }
     // Back to the descriptor record, which the next FindNextRec finds first.
+    // In any mode; without a file the system's code of the failed move.
     BOOL Rewind() { return TqmResultOrThrow(rewind()); }
     // Moves to the record whose header starts at dwPos and reads the header.
     BOOL SeekToRecord(DWORD dwPos) { return TqmResultOrThrow(seekToRecord(dwPos)); }
@@ -154,6 +159,10 @@ protected:
     BOOL writeRecData(const void* pData, DWORD dwSize);
     BOOL writeRecEnd();
     DWORD getRecFilePointer();
+    BOOL getFileType(DWORD& dwType);
+    BOOL getVersion(DWORD& dwVersion);
+    BOOL getCreationTime(SYSTEMTIME* pTime);
+    BOOL getCreationTime(CString& str);
 
     // Implementation
     // Empties the object: no file, type and version unknown, no position.
@@ -190,11 +199,15 @@ protected:
     DWORD m_dwRunningSum;       // checksum of the current record's data so far
     DWORD m_dwDataDone;         // data bytes transferred in the current record
     DWORD m_dwRecStartPos;      // offset of the record being written, 0xFFFFFFFF when none
+    // These members are the object's state: a derived class may read and
+    // change them between calls, and the next call works from them.
 
 private:
     BOOL attachFile(HANDLE hFile);
-    BOOL releaseFile(bool bWritePending);
-    // The members above from the record file's logic, after each of its steps.
+    BOOL releaseFile();
+    // The record file's logic, set to the members' values for one step; NULL
+    // when no file is open. mirror() takes its state back into the members.
+    tqm::RecordFileCore* core();
     void mirror();
     // TRUE for code 0, else the failure reported; at the end of the records
     // FALSE, a failure only when the thread's last-error code is set.

@@ -5,30 +5,26 @@
 
 BOOL CRecFile::findNextRec(DWORD dwRecType)
 {
-    if (!m_pAccess)
-        return error(ERROR_INVALID_FUNCTION);
-    return outcome(m_pAccess->core->FindNext(dwRecType));
+    tqm::RecordFileCore* pCore = core();
+    return pCore ? outcome(pCore->FindNext(dwRecType)) : error(ERROR_INVALID_FUNCTION);
 }
 
-BOOL CRecFile::rewind()
-{
-    if (!m_pAccess)
-        return error(ERROR_INVALID_FUNCTION);
-    return outcome(m_pAccess->core->Rewind());
-}
+// In any mode: back to the descriptor record. Without a file, the system's
+// refusal to move is the failure.
+BOOL CRecFile::rewind() { return seek(m_dwFirstRecPos, FILE_BEGIN); }
 
 BOOL CRecFile::seekToRecord(DWORD dwPos)
 {
-    if (!m_pAccess)
-        return error(ERROR_INVALID_FUNCTION);
-    return outcome(m_pAccess->core->SeekToRecord(dwPos));
+    tqm::RecordFileCore* pCore = core();
+    return pCore ? outcome(pCore->SeekToRecord(dwPos)) : error(ERROR_INVALID_FUNCTION);
 }
 
 BOOL CRecFile::readRecBegin(tagRECHDR* pHdr)
 {
-    if (!m_pAccess)
+    tqm::RecordFileCore* pCore = core();
+    if (!pCore)
         return error(ERROR_INVALID_FUNCTION);
-    if (!outcome(m_pAccess->core->ReadBegin()))
+    if (!outcome(pCore->ReadBegin()))
         return FALSE;
     if (pHdr)
         *pHdr = m_RecHdr;
@@ -37,16 +33,14 @@ BOOL CRecFile::readRecBegin(tagRECHDR* pHdr)
 
 BOOL CRecFile::readRecData(void* pData, DWORD dwSize)
 {
-    if (!m_pAccess)
-        return error(ERROR_INVALID_FUNCTION);
-    return outcome(m_pAccess->core->ReadData(pData, dwSize));
+    tqm::RecordFileCore* pCore = core();
+    return pCore ? outcome(pCore->ReadData(pData, dwSize)) : error(ERROR_INVALID_FUNCTION);
 }
 
 BOOL CRecFile::readRecEnd()
 {
-    if (!m_pAccess)
-        return error(ERROR_INVALID_FUNCTION);
-    return outcome(m_pAccess->core->ReadEnd());
+    tqm::RecordFileCore* pCore = core();
+    return pCore ? outcome(pCore->ReadEnd()) : error(ERROR_INVALID_FUNCTION);
 }
 
 BOOL CRecFile::readRec(void* pData, DWORD dwSize)

@@ -5,40 +5,39 @@
 
 BOOL CRecFile::writeRecBegin(DWORD dwRecType, DWORD dwRecParam)
 {
-    if (!m_pAccess)
-        return error(ERROR_INVALID_FUNCTION);
-    return outcome(m_pAccess->core->WriteBegin(dwRecType, dwRecParam));
+    tqm::RecordFileCore* pCore = core();
+    return pCore ? outcome(pCore->WriteBegin(dwRecType, dwRecParam)) : error(ERROR_INVALID_FUNCTION);
 }
 
 BOOL CRecFile::writeRecData(const void* pData, DWORD dwSize)
 {
-    if (!m_pAccess)
-        return error(ERROR_INVALID_FUNCTION);
-    return outcome(m_pAccess->core->WriteData(pData, dwSize));
+    tqm::RecordFileCore* pCore = core();
+    return pCore ? outcome(pCore->WriteData(pData, dwSize)) : error(ERROR_INVALID_FUNCTION);
 }
 
 BOOL CRecFile::writeRecEnd()
 {
-    if (!m_pAccess)
-        return error(ERROR_INVALID_FUNCTION);
-    return outcome(m_pAccess->core->WriteEnd());
+    tqm::RecordFileCore* pCore = core();
+    return pCore ? outcome(pCore->WriteEnd()) : error(ERROR_INVALID_FUNCTION);
 }
 
+// The same as WriteRecBegin, WriteRecData, WriteRecEnd, but the record is
+// known whole: its header and data go to the file in one write.
 BOOL CRecFile::writeRec(DWORD dwRecType, DWORD dwRecParam, DWORD dwSize, const void* pData)
 {
-    return writeRecBegin(dwRecType, dwRecParam) && writeRecData(pData, dwSize) && writeRecEnd();
+    tqm::RecordFileCore* pCore = core();
+    return pCore ? outcome(pCore->WriteRecord(dwRecType, dwRecParam, pData, dwSize)) : error(ERROR_INVALID_FUNCTION);
 }
 
 DWORD CRecFile::getRecFilePointer()
 {
-    if (!m_pAccess) {
+    tqm::RecordFileCore* pCore = core();
+    uint32_t pos = 0;
+    if (!pCore) {
         error(ERROR_INVALID_FUNCTION);
         return 0xFFFFFFFF;
     }
-    DWORD dwPos = 0;
-    uint32_t pos = 0;
-    if (!outcome(m_pAccess->core->RecFilePointer(&pos)))
+    if (!outcome(pCore->RecFilePointer(&pos)))
         return 0xFFFFFFFF;
-    dwPos = pos;
-    return dwPos;
+    return pos;
 }

@@ -17,8 +17,10 @@ bool FileView::Open(const char* pszPath)
 {
     m_view.reset();
     m_size = 0;
-    UniqueFile file(::CreateFileA(pszPath, GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
-                                  FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
+    // Shared as the C runtime shares a file it opens for reading: a file that
+    // another program holds open for writing is read all the same.
+    UniqueFile file(::CreateFileA(pszPath, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                                  nullptr, OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
     LARGE_INTEGER size;
     if (!file || !::GetFileSizeEx(file.get(), &size))
         return false;

@@ -11,7 +11,9 @@
 namespace tqm {
 
 // A file's contents, mapped read-only into memory: no copy is made, and
-// nothing is read that the caller does not look at.
+// nothing is read that the caller does not look at. The file is shared for
+// reading, writing and deleting; while it is mapped the system refuses to
+// cut it shorter.
 class FileView
 {
 public:

@@ -18,6 +18,20 @@ size_t visibleLength(const char* line, size_t n)
     return nul ? static_cast<size_t>(static_cast<const char*>(nul) - line) : n;
 }
 
+// A piece of the head comment as the document keeps it: up to a NUL byte,
+// with one line feed at its end, so that a written document reads back the
+// same. A piece cut off at the buffer's length gets none: the rest of its
+// line follows as the next piece.
+std::string headCommentPiece(const char* line, size_t n, bool atEnd)
+{
+    size_t visible = visibleLength(line, n);
+    std::string piece(line, visible);
+    bool bCutForLength = visible == n && line[n - 1] != '\n' && !atEnd;
+    if (!bCutForLength && (piece.empty() || piece.back() != '\n'))
+        piece += '\n';
+    return piece;
+}
+
 }  // namespace
 
 IniTextLines::IniTextLines(const char* data, size_t size) : m_p(data), m_end(data + size)
@@ -73,25 +87,8 @@ IniTextResult ParseIniText(const char* data, size_t size, bool tolerant, IniText
         char* p = SkipBlanks(line);
         LineKind kind = ClassifyLine(p, Reader::Document);
         if (kind == LineKind::Comment) {
-            // A comment runs to its line end, however many pieces that takes;
-            // the head comment keeps it up to a NUL byte, with one line feed.
-            size_t visible = visibleLength(line, n);
-            bool bCut = visible < n;
-            if (bHeadComment)
-                comment.assign(line, visible);
-            bool bEnded = line[n - 1] == '\n';
-            while (!bEnded && (n = text.Next(line, limit)) != 0) {
-                ++nLine;
-                bEnded = line[n - 1] == '\n';
-                if (bHeadComment && !bCut) {
-                    visible = visibleLength(line, n);
-                    bCut = visible < n;
-                    comment.append(line, visible);
-                }
-            }
             if (bHeadComment) {
-                if (comment.empty() || comment.back() != '\n')
-                    comment += '\n';
+                comment = headCommentPiece(line, n, text.AtEnd());
                 handler.OnComment(comment.data(), comment.size());
             }
             continue;
@@ -102,21 +99,25 @@ IniTextResult ParseIniText(const char* data, size_t size, bool tolerant, IniText
             continue;
 
         if (kind == LineKind::Header) {
-            if (char* name = ParseHeaderName(p)) {
-                handler.OnSection(name);
-                bInSection = true;
-            } else if (!tolerant) {
+            char* name = ParseHeaderName(p);
+            if (!name)
                 return {false, nLine};
-            }
+            handler.OnSection(name);
+            bInSection = true;
             continue;
         }
 
         char* name = nullptr;
         char* value = nullptr;
-        if (bInSection && ParseEntryLine(p, &name, &value) == EntryParse::Ok)
+        EntryParse parse = bInSection ? ParseEntryLine(p, &name, &value) : EntryParse::NoEquals;
+        if (parse == EntryParse::Ok) {
             handler.OnEntry(name, value);
-        else if (!tolerant)
-            return {false, nLine};  // an entry before the first header, without "=", or without a name
+            continue;
+        }
+        // The tolerant reader skips an entry before the first header and a
+        // line without "="; an entry without a name stops it as well.
+        if (!tolerant || parse == EntryParse::EmptyName)
+            return {false, nLine};
     }
     return {true, nLine};
 }

@@ -8,11 +8,12 @@
 // every LF goes out as CR LF.
 //
 // Reading takes the text line by line into a buffer of kLineBufferSize
-// characters, so a longer line arrives as several lines, each counted; a line
-// ends for the grammar at its first NUL byte. A comment line is the exception
-// to both: it is a comment to its end, whatever its length, and the head
-// comment keeps each of its lines up to a NUL byte, with exactly one line
-// feed, so that a written document reads back the same.
+// characters, so a longer line arrives as several lines, each counted and
+// each read on its own: the tail of a long comment line is whatever it looks
+// like. A line ends for the grammar at its first NUL byte. The head comment
+// keeps each of its lines up to a NUL byte, with exactly one line feed (none
+// after a piece cut for length), so that a written document reads back the
+// same.
 #pragma once
 
 #include "config/logic/IniLineGrammar.h"
@@ -34,6 +35,8 @@ public:
     // arrives as LF, which is kept); no NUL is added. The number of
     // characters; 0 at the end of the text.
     size_t Next(char* buf, size_t limit);
+    // True when the text has no more lines.
+    bool AtEnd() const { return m_p >= m_end; }
 
 private:
     const char* m_p;
@@ -65,7 +68,8 @@ struct IniTextResult
 // Reads a document's text. Fails at an entry before the first section
 // header, an entry line without "=" or without a name, and a header without
 // "]" or without a name; what was found before stays with the handler. With
-// tolerant set, such lines are skipped instead.
+// tolerant set, an entry before the first header and a line without "=" are
+// skipped instead; the other faults still stop the reading.
 IniTextResult ParseIniText(const char* data, size_t size, bool tolerant, IniTextHandler& handler);
 
 // Writes a document's text: the head comment as it stands and an empty line,

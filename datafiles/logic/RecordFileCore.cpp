@@ -190,10 +190,10 @@ uint32_t RecordFileCore::FindNext(uint32_t recType)
     }
 }
 
+// In any mode: while writing, the next record would then overwrite the
+// descriptor, as the caller asked.
 uint32_t RecordFileCore::Rewind()
 {
-    if (!reading())
-        return kRecErrInvalidFunction;
     return Seek(firstRecPos);
 }
 
@@ -274,12 +274,8 @@ uint32_t RecordFileCore::WriteData(const void* p, uint32_t n)
     return 0;
 }
 
-// Fills in the record's length and checksum. While the record's header is
-// still gathered in memory (the usual case) that happens there, and the
-// record goes to the store with the records around it when the buffer is
-// full or the file is closed: the file is not shared, so nobody can look at
-// it before. A record too large for the buffer is partly in the store
-// already: then its header is read back and checked for magic, type and
+// Fills in the record's length and checksum: its header went to the store
+// with WriteBegin, so it is read back and checked for magic, type and
 // parameter before the two fields are written in place.
 uint32_t RecordFileCore::WriteEnd()
 {
@@ -289,38 +285,43 @@ uint32_t RecordFileCore::WriteEnd()
     header.checksum = RecordChecksumFinish(fileType, runningSum);
     uint8_t raw[kRecordHeaderSize];
     EncodeRecordHeader(header, raw);
-    const uint8_t* tail = raw + kRecordHeaderLengthOffset;
-    const uint32_t tailSize = kRecordHeaderSize - kRecordHeaderLengthOffset;
 
-    if (uint8_t* gathered = m_buffer->pendingBytes(recStartPos, kRecordHeaderSize)) {
-        // Only this object writes the buffer, so the header there is unchanged.
-        memcpy(gathered + kRecordHeaderLengthOffset, tail, tailSize);
-    } else {
-        uint8_t stored[kRecordHeaderIdentitySize];
-        uint32_t done = 0;
-        if (uint32_t error = m_buffer->seek(recStartPos))
-            return error;
-        if (uint32_t error = m_buffer->read(stored, sizeof(stored), &done))
-            return error;
-        if (done != sizeof(stored) || memcmp(stored, raw, sizeof(stored)) != 0)
-            return kRecErrSeek;
-        if (uint32_t error = m_buffer->write(tail, tailSize))
-            return error;
-        if (uint32_t error = m_buffer->seekFromEnd(0))
-            return error;
-    }
+    uint8_t stored[kRecordHeaderIdentitySize];
+    uint32_t done = 0;
+    if (uint32_t error = m_buffer->seek(recStartPos))
+        return error;
+    if (uint32_t error = m_buffer->read(stored, sizeof(stored), &done))
+        return error;
+    if (done != sizeof(stored) || memcmp(stored, raw, sizeof(stored)) != 0)
+        return kRecErrSeek;
+    if (uint32_t error = m_buffer->write(raw + kRecordHeaderLengthOffset,
+                                         kRecordHeaderSize - kRecordHeaderLengthOffset))
+        return error;
+    if (uint32_t error = m_buffer->seekFromEnd(0))
+        return error;
     recStartPos = kUnknown;
     recState = kAtBoundary;
     return 0;
 }
 
+// The whole record is known, so its header goes out complete, together with
+// the data: one write, and nothing to read back.
 uint32_t RecordFileCore::WriteRecord(uint32_t recType, uint32_t recParam, const void* p, uint32_t n)
 {
-    if (uint32_t error = WriteBegin(recType, recParam))
+    if (!writing() || recState != kAtBoundary || (!p && n))
+        return kRecErrInvalidFunction;
+    uint32_t sum = RecordChecksumUpdate(fileType, RecordChecksumStart(fileType), p, n);
+    header = {kRecordMagic, recType, recParam, n, RecordChecksumFinish(fileType, sum)};
+    uint8_t raw[kRecordHeaderSize];
+    EncodeRecordHeader(header, raw);
+    recStartPos = m_buffer->position();
+    if (uint32_t error = m_buffer->writePair(raw, sizeof(raw), p, n))
         return error;
-    if (uint32_t error = WriteData(p, n))
-        return error;
-    return WriteEnd();
+    runningSum = sum;
+    dataDone = n;
+    recStartPos = kUnknown;
+    recState = kAtBoundary;
+    return 0;
 }
 
 uint32_t RecordFileCore::RecFilePointer(uint32_t* pPos)

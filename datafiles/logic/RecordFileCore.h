@@ -78,9 +78,6 @@ public:
     // The offset at which the next record will be written.
     uint32_t RecFilePointer(uint32_t* pPos);
 
-    // Puts the gathered bytes into the store / forgets them.
-    uint32_t Flush() { return m_buffer->flush(); }
-    void Discard() { m_buffer->discard(); }
     // Forgets the current record: no position, no header.
     void ResetSeek();
 

@@ -69,13 +69,11 @@ RecordBuffer::RecordBuffer(RecordStore& store, std::unique_ptr<uint8_t[]> block)
 
 bool RecordBuffer::inWindow(uint32_t pos) const
 {
-    return !m_pending && pos >= m_blockStart && uint64_t(pos) < uint64_t(m_blockStart) + m_blockLength;
+    return pos >= m_blockStart && uint64_t(pos) < uint64_t(m_blockStart) + m_blockLength;
 }
 
 uint32_t RecordBuffer::seek(uint32_t pos)
 {
-    if (uint32_t error = flush())
-        return error;
     m_pos = pos;
     return 0;
 }
@@ -83,8 +81,6 @@ uint32_t RecordBuffer::seek(uint32_t pos)
 uint32_t RecordBuffer::seekFromEnd(int32_t distance)
 {
     uint64_t size = 0;
-    if (uint32_t error = flush())
-        return error;
     if (uint32_t error = m_store.Size(&size))
         return error;
     int64_t target = int64_t(size) + distance;
@@ -99,8 +95,6 @@ uint32_t RecordBuffer::seekFromEnd(int32_t distance)
 uint32_t RecordBuffer::read(void* p, uint32_t n, uint32_t* pDone)
 {
     *pDone = 0;
-    if (uint32_t error = flush())
-        return error;
     auto* out = static_cast<uint8_t*>(p);
     uint32_t done = 0;
     uint32_t error = 0;
@@ -137,49 +131,26 @@ uint32_t RecordBuffer::write(const void* p, uint32_t n)
 {
     if (uint64_t(m_pos) + n > kMaxOffset)
         return kRecErrFileTooLarge;
-    if (m_pending && n > kBlockSize - m_blockLength) {
-        if (uint32_t error = flush())
-            return error;
-    }
-    if (!m_pending) {
-        m_blockLength = 0;  // a read window would go stale
-        if (n >= kBlockSize) {
-            if (uint32_t error = m_store.WriteAt(m_pos, p, n))
-                return error;
-            m_pos += n;
-            return 0;
-        }
-        m_blockStart = m_pos;
-        m_pending = true;
-    }
-    if (n)
-        memcpy(m_block.get() + m_blockLength, p, n);
-    m_blockLength += n;
+    // The window may hold the old bytes of the place written.
+    m_blockLength = 0;
+    if (uint32_t error = m_store.WriteAt(m_pos, p, n))
+        return error;
     m_pos += n;
     return 0;
 }
 
-uint32_t RecordBuffer::flush()
+uint32_t RecordBuffer::writePair(const void* a, uint32_t na, const void* b, uint32_t nb)
 {
-    if (!m_pending)
-        return 0;
-    uint32_t length = m_blockLength;
-    m_pending = false;
+    if (uint64_t(na) + nb > kBlockSize) {
+        if (uint32_t error = write(a, na))
+            return error;
+        return write(b, nb);
+    }
     m_blockLength = 0;
-    return length == 0 ? 0 : m_store.WriteAt(m_blockStart, m_block.get(), length);
-}
-
-void RecordBuffer::discard()
-{
-    m_pending = false;
-    m_blockLength = 0;
-}
-
-uint8_t* RecordBuffer::pendingBytes(uint32_t pos, uint32_t n)
-{
-    if (!m_pending || pos < m_blockStart || uint64_t(pos) + n > uint64_t(m_blockStart) + m_blockLength)
-        return nullptr;
-    return m_block.get() + (pos - m_blockStart);
+    memcpy(m_block.get(), a, na);
+    if (nb)
+        memcpy(m_block.get() + na, b, nb);
+    return write(m_block.get(), na + nb);
 }
 
 }  // namespace tqm

@@ -55,14 +55,13 @@ private:
 };
 
 // Record files are read in small pieces (20-byte headers, data of a few
-// dozen bytes) and written the same way; a call to the store each would
-// dominate the work. So the buffer keeps one block:
-// - reading, a window of the store: stepping from record to record costs no
-//   call until the window is used up;
-// - writing, the bytes appended since the last flush, written when the
-//   block is full, before any read or move, and on Flush. A record's header
-//   stays in memory until its length and checksum are known, unless the
-//   record is larger than the block.
+// dozen bytes); a call to the store each would dominate the work. So the
+// buffer keeps one block as a window of the store for reading: stepping from
+// record to record costs no call until the window is used up.
+// Writing goes straight to the store: when write returns, its bytes are in
+// the store, so a writer that stops without closing (a crash, a kill) leaves
+// every record it finished, and a failing write is reported by the call that
+// wrote. writePair gathers two pieces into one store call.
 // Positions are offsets below 4 GiB, as record files use them.
 class RecordBuffer
 {
@@ -78,23 +77,18 @@ public:
     RecordStore& store() { return m_store; }
     // The offset of the next read or write.
     uint32_t position() const { return m_pos; }
-    // Moves the position (writing out pending bytes first).
+    // Moves the position.
     uint32_t seek(uint32_t pos);
     // Moves the position to the end of the store plus the (signed) distance.
     uint32_t seekFromEnd(int32_t distance);
 
     // Reads up to n bytes; *pDone tells how many arrived (fewer only at the end).
     uint32_t read(void* p, uint32_t n, uint32_t* pDone);
-    // Writes n bytes at the position (gathered; see flush).
+    // Writes n bytes at the position, into the store.
     uint32_t write(const void* p, uint32_t n);
-    // Puts the gathered bytes into the store.
-    uint32_t flush();
-    // Forgets the gathered bytes without writing them.
-    void discard();
-
-    // The gathered bytes at [pos, pos + n) when all of them are still in the
-    // buffer, where they may be changed before they are written; else NULL.
-    uint8_t* pendingBytes(uint32_t pos, uint32_t n);
+    // Writes a then b at the position, in one call to the store when both fit
+    // into the block.
+    uint32_t writePair(const void* a, uint32_t na, const void* b, uint32_t nb);
 
 private:
     RecordBuffer(RecordStore& store, std::unique_ptr<uint8_t[]> block);
@@ -104,8 +98,7 @@ private:
     std::unique_ptr<uint8_t[]> m_block;
     uint32_t m_pos = 0;          // the position for the next read or write
     uint32_t m_blockStart = 0;   // offset of m_block[0]
-    uint32_t m_blockLength = 0;  // bytes in the block
-    bool m_pending = false;      // the block holds bytes to write, not a read window
+    uint32_t m_blockLength = 0;  // bytes in the read window
 };
 
 }  // namespace tqm

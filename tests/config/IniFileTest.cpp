@@ -26,6 +26,38 @@ public:
     void SetTolerant() { m_bTolerant = TRUE; }
     using CTQMIniFile::findEntry;
     using CTQMIniFile::findSection;
+
+    // Edits of the kind a derived class makes on the documented records.
+    void SwapSections(int a, int b)
+    {
+        void* p = m_pSections->GetAt(a);
+        m_pSections->SetAt(a, m_pSections->GetAt(b));
+        m_pSections->SetAt(b, p);
+    }
+    // Replaces the entry by a record of its own making, freeing the old one.
+    void ReplaceEntryRecord(int nSection, int nEntry, const char* pszName, const char* pszValue)
+    {
+        ASSERT_EQ(1, findSection(nSection));
+        size_t nName = strlen(pszName), nValue = strlen(pszValue);
+        char* pRec = new char[2 + nName + 1 + nValue + 1];
+        unsigned short nCount = static_cast<unsigned short>(nName + 1);
+        memcpy(pRec, &nCount, 2);
+        memcpy(pRec + 2, pszName, nName + 1);
+        memcpy(pRec + 2 + nName + 1, pszValue, nValue + 1);
+        delete[] static_cast<char*>(m_pCurEntries->GetAt(nEntry));
+        m_pCurEntries->SetAt(nEntry, pRec);
+    }
+    // Removes a section the way the documented model allows.
+    void DeleteSection(int nSection)
+    {
+        char* pRec = static_cast<char*>(m_pSections->GetAt(nSection));
+        CPtrArray* pEntries = *reinterpret_cast<CPtrArray**>(pRec);
+        for (int i = 0; i < pEntries->GetSize(); ++i)
+            delete[] static_cast<char*>(pEntries->GetAt(i));
+        delete pEntries;
+        delete[] pRec;
+        m_pSections->RemoveAt(nSection);
+    }
 };
 
 // Reads bytes as a file; the Read result.
@@ -64,7 +96,9 @@ TEST(CTQMIniFile, ReadKeepsOnlyTheHeadComment)
 TEST(CTQMIniFile, HeadCommentLinesStayWholeThroughWriteAndRead)
 {
     TempDir dir;
-    const std::string longComment = "; " + std::string(5000, 'c');
+    // A long comment line comes in pieces: here the second piece starts
+    // with a comment character of its own.
+    const std::string longComment = "; " + std::string(3069, 'c') + "#" + std::string(1000, 'c');
     struct Case { std::string bytes; std::string comment; int lastLine; } cases[] = {
         {"; no line feed at the end", "; no line feed at the end\n", 0},
         {std::string("; before\0after\r\n[S]\r\nk=v\r\n", 26), "; before\n", 2},
@@ -83,10 +117,22 @@ TEST(CTQMIniFile, HeadCommentLinesStayWholeThroughWriteAndRead)
         EXPECT_EQ(contentsOf(ini), contentsOf(back));
     }
 
-    // A long comment inside a section is dropped whole: its tail is no entry.
+}
+
+TEST(CTQMIniFile, EachPieceOfALongLineIsReadOnItsOwn)
+{
+    // Lines longer than 3,071 characters arrive in pieces, and the tail of a
+    // comment is whatever it looks like.
+    TempDir dir;
     CTQMIniFile ini;
-    EXPECT_EQ(1, readBytes(ini, dir, "[S]\r\n" + longComment + "=x\r\nk=v\r\n"));
-    EXPECT_EQ((std::vector<std::string>{"[S]", "k=v"}), contentsOf(ini));
+    EXPECT_EQ(0, readBytes(ini, dir, ";" + std::string(3100, 'x') + "\n[S]\na=1\n"));
+    EXPECT_EQ(1, ini.GetErrLine()) << "the tail is an entry before the first section";
+    EXPECT_EQ(";" + std::string(3070, 'x'), std::string(ini.GetFileComment()));
+
+    ASSERT_EQ(1, readBytes(ini, dir, "[S]\n;" + std::string(3075, 'x') + "=v\n"));
+    EXPECT_EQ(2, ini.GetErrLine());
+    EXPECT_EQ(1, ini.GetNumEntries("S"));
+    EXPECT_STREQ("v", ini.GetEntryValue("S", "xxxxx"));
 }
 
 TEST(CTQMIniFile, EmptyAndMissingFiles)
@@ -111,19 +157,29 @@ TEST(CTQMIniFile, EmptyAndMissingFiles)
     EXPECT_EQ(0, ini.Read(path.c_str()));
     EXPECT_EQ(-1, ini.GetErrLine());
     CloseHandle(hLock);
+
+    // One that another program is writing, sharing reading and writing, reads.
+    HANDLE hWriter = CreateFileA(path.c_str(), GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                                 nullptr, OPEN_EXISTING, 0, nullptr);
+    ASSERT_NE(INVALID_HANDLE_VALUE, hWriter);
+    EXPECT_EQ(1, ini.Read(path.c_str()));
+    EXPECT_STREQ("v", ini.GetEntryValue("S", "k"));
+    CloseHandle(hWriter);
 }
 
 TEST(CTQMIniFile, MalformedLinesStopReadingAtTheirLine)
 {
     // The failing line counts from 0.
-    const struct { const char* bytes; int line; int sectionsKept; } cases[] = {
-        {"[S]\r\nk=v\r\n[Broken\r\n[T]\r\n", 2, 1},
-        {"[S]\r\n[]\r\n", 1, 1},
-        {"[S]\r\n[ \xA0 ]\r\n", 1, 1},
-        {"; c\r\nk=v\r\n[S]\r\n", 1, 0},        // an entry before the first header
-        {"[S]\r\n\r\nno equals\r\n", 2, 1},
-        {"[S]\r\n  = value\r\n", 1, 1},
-        {"[S]\r\n\xE4\xE4=value\r\n", 1, 1},   // a name of high bytes only is empty
+    // The tolerant reader skips only an entry before the first header and a
+    // line without "=".
+    const struct { const char* bytes; int line; int sectionsKept; bool tolerated; } cases[] = {
+        {"[S]\r\nk=v\r\n[Broken\r\n[T]\r\n", 2, 1, false},
+        {"[S]\r\n[]\r\n", 1, 1, false},
+        {"[S]\r\n[ \xA0 ]\r\n", 1, 1, false},
+        {"; c\r\nk=v\r\n[S]\r\n", 1, 0, true},        // an entry before the first header
+        {"[S]\r\n\r\nno equals\r\n", 2, 1, true},
+        {"[S]\r\n  = value\r\n", 1, 1, false},
+        {"[S]\r\n\xE4\xE4=value\r\n", 1, 1, false},   // a name of high bytes only is empty
     };
     TempDir dir;
     for (const auto& c : cases) {
@@ -134,7 +190,10 @@ TEST(CTQMIniFile, MalformedLinesStopReadingAtTheirLine)
 
         TestIni tolerant;
         tolerant.SetTolerant();
-        EXPECT_EQ(1, readBytes(tolerant, dir, c.bytes)) << c.bytes;
+        EXPECT_EQ(c.tolerated ? 1 : 0, readBytes(tolerant, dir, c.bytes)) << c.bytes;
+        if (!c.tolerated) {
+            EXPECT_EQ(c.line, tolerant.GetErrLine()) << c.bytes;
+        }
     }
 }
 
@@ -205,6 +264,19 @@ TEST(CTQMIniFile, MissesGiveTheCallersDefaultAndNegativeIndexesThrow)
     ExpectInvalidArg([&] { ini.GetEntryIndex(-1, "x"); }, "GetEntryIndex(-1, name)");
     ExpectInvalidArg([&] { ini.findSection(-1); }, "findSection(-1)");
     EXPECT_EQ(1, ini.findEntry(0));
+    ExpectInvalidArg([&] { ini.findEntry(-1); }, "findEntry(-1)");
+
+    // Only an index that reaches an array throws: past the upper bound, or
+    // with nothing to index, a negative one is "not found" like any other.
+    EXPECT_EQ(def, ini.GetEntryValue(99, -1, def));
+    EXPECT_STREQ("", ini.GetEntryName(99, -1));
+    TestIni fresh;
+    EXPECT_EQ(0, fresh.GetNumEntries(fresh.GetSectionIndex("X")));
+    EXPECT_STREQ("", fresh.GetSectionName(-1));
+    EXPECT_EQ(-1, fresh.GetEntryIndex(-1, "x"));
+    EXPECT_EQ(0, fresh.findSection(-1));
+    EXPECT_EQ(0, fresh.findEntry(-1));
+    EXPECT_EQ(nullptr, TqmTakeDeferredException()) << "nothing left parked";
 }
 
 TEST(CTQMIniFile, SetEntryValueRules)
@@ -401,6 +473,35 @@ TEST(CTQMIniFile, BigSectionsAndManySectionsStayConsistent)
     ASSERT_EQ(1, readBytes(repeated, dir, "[Wide]\r\nk1=one\r\n"));
     EXPECT_EQ(1, repeated.GetNumEntries("Wide"));
     EXPECT_STREQ("one", repeated.GetEntryValue("Wide", "K1"));
+}
+
+TEST(CTQMIniFile, DerivedClassesMayChangeTheRecordsAndArrays)
+{
+    TestIni ini;
+    for (int i = 0; i < 70; ++i)
+        ini.SetEntryValue(("S" + std::to_string(i)).c_str(), "k", std::to_string(i).c_str());
+    for (int i = 0; i < 100; ++i)
+        ini.SetEntryValue("S0", ("e" + std::to_string(i)).c_str(), "v");
+    EXPECT_EQ(67, ini.GetSectionIndex("S67"));
+
+    ini.SwapSections(3, 67);
+    EXPECT_EQ(3, ini.GetSectionIndex("s67"));
+    EXPECT_EQ(67, ini.GetSectionIndex("s3"));
+    EXPECT_STREQ("3", ini.GetEntryValue("S3", "k"));
+
+    ini.ReplaceEntryRecord(0, 51, "Mine", "own record");  // e50, behind k and e0..e49
+    EXPECT_STREQ("own record", ini.GetEntryValue("S0", "MINE"));
+    EXPECT_EQ(-1, ini.GetEntryIndex("S0", "e50")) << "the replaced name is gone";
+    EXPECT_EQ(52, ini.GetEntryIndex("S0", "e51"));
+    EXPECT_EQ(1, ini.SetEntryValue("S0", "mine", "changed"));
+    EXPECT_EQ(51, ini.GetEntryIndex("S0", "Mine"));
+
+    ini.DeleteSection(10);
+    EXPECT_EQ(-1, ini.GetSectionIndex("S10"));
+    EXPECT_EQ(10, ini.GetSectionIndex("S11"));
+    EXPECT_EQ(1, ini.RemoveSection("S12"));
+    EXPECT_EQ(68, ini.GetNumSections());
+    // The destructor frees the records made here as its own.
 }
 
 TEST(CTQMIniFile, NamesFoldWithTheSystemCodePage)

@@ -136,6 +136,91 @@ TEST_F(RecFileFailureTest, EveryCallInTheWrongStateFailsWithInvalidFunctionAndCl
     }
 }
 
+TEST_F(RecFileFailureTest, AttributesWithoutAFileFailLikeEveryOtherCall)
+{
+    DWORD value = 0;
+    SYSTEMTIME time = {};
+    CString text = "old";
+    const std::function<BOOL(CRecFile&)> calls[] = {
+        [&](CRecFile& f) { return f.GetFileType(value); },
+        [&](CRecFile& f) { return f.GetVersion(value); },
+        [&](CRecFile& f) { return f.GetCreationTime(&time); },
+        [&](CRecFile& f) { return f.GetCreationTime(text); },
+    };
+    for (size_t i = 0; i < sizeof(calls) / sizeof(calls[0]); ++i) {
+        SCOPED_TRACE(i);
+        CRecFile quiet(FALSE);
+        value = 0;
+        SetLastError(0);
+        EXPECT_FALSE(calls[i](quiet));
+        EXPECT_EQ(ERROR_INVALID_FUNCTION, GetLastError());
+        if (i < 2) {
+            EXPECT_EQ(0xFFFFFFFFu, value);
+        }
+        CRecFile thrower;
+        Thrown t = catchFileException([&] { calls[i](thrower); });
+        EXPECT_TRUE(t.thrown);
+        EXPECT_EQ(ERROR_INVALID_FUNCTION, t.osError);
+    }
+    EXPECT_EQ("", std::string(text.GetString()));
+}
+
+TEST_F(RecFileFailureTest, RewindHasNoModeRule)
+{
+    // While writing it moves back to the descriptor, which the next record
+    // then overwrites, as the caller asked.
+    Probe rec(FALSE);
+    ASSERT_TRUE(rec.Create(path().c_str(), 2, 1, "Rewound"));
+    ASSERT_TRUE(rec.Rewind());
+    EXPECT_EQ(rec.firstRecPos(), rec.GetRecFilePointer());
+    ASSERT_TRUE(rec.Close());
+
+    // Without a file the system refuses the move, with its own code.
+    CRecFile closed(FALSE);
+    SetLastError(0);
+    EXPECT_FALSE(closed.Rewind());
+    EXPECT_EQ(ERROR_INVALID_HANDLE, GetLastError());
+}
+
+// A derived class that steers the object through its members.
+class Steering : public Probe
+{
+public:
+    using Probe::Probe;
+    void setState(int nState) { m_nRecState = nState; }
+    void setNextRecPos(DWORD dwPos) { m_dwNextRecPos = dwPos; }
+    DWORD dataDone() const { return m_dwDataDone; }
+    DWORD recStartPos() const { return m_dwRecStartPos; }
+};
+
+TEST_F(RecFileFailureTest, MembersAreTheLiveState)
+{
+    Steering rec(FALSE);
+    ASSERT_TRUE(rec.Create(path().c_str(), 2, 1, "Members"));
+    DWORD start = rec.GetRecFilePointer();
+    ASSERT_TRUE(rec.WriteRecBegin(1, 1));
+    EXPECT_EQ(start, rec.recStartPos());
+    ASSERT_TRUE(rec.WriteRecData("abc", 3));
+    EXPECT_EQ(3u, rec.dataDone());
+    ASSERT_TRUE(rec.WriteRecEnd());
+    ASSERT_TRUE(rec.WriteRec(2, 2, 2, "de"));
+    DWORD third = rec.GetRecFilePointer();
+    ASSERT_TRUE(rec.WriteRec(3, 3, 1, "f"));
+    // A state set from outside is the state the next call sees.
+    rec.setState(0);
+    EXPECT_FALSE(rec.WriteRec(4, 4, 1, "g"));
+    EXPECT_EQ(ERROR_INVALID_FUNCTION, GetLastError());
+    rec.Close();
+
+    ASSERT_TRUE(rec.Open(path().c_str(), kAny, FALSE));
+    ASSERT_TRUE(rec.FindNextRec(1));
+    // Skipping the second record by moving the next record's offset.
+    rec.setNextRecPos(third);
+    ASSERT_TRUE(rec.FindNextRec(kAny));
+    EXPECT_EQ(3u, rec.GetRecType());
+    rec.Close();
+}
+
 // ---- damaged files ------------------------------------------------------
 
 TEST_F(RecFileFailureTest, EveryTruncationIsRefusedOrEndsEarly)
@@ -335,17 +420,20 @@ TEST_F(RecFileFailureTest, FailedCreateLeavesNothingAndNeedsNoClose)
 
 TEST_F(RecFileFailureTest, HeaderChangedUnderTheWriter)
 {
-    Probe rec(FALSE);
-    ASSERT_TRUE(rec.Create(path().c_str(), 2, 1, "Large"));
-    DWORD start = rec.GetRecFilePointer();
-    ASSERT_TRUE(rec.WriteRecBegin(3, 4));
-    std::string big(300000, 'b');
-    ASSERT_TRUE(rec.WriteRecData(big.data(), static_cast<DWORD>(big.size())));
-    ASSERT_TRUE(rec.poke(start + 4, std::string("\x09\0\0\0", 4)));
-    EXPECT_FALSE(rec.WriteRecEnd());
-    EXPECT_EQ(ERROR_SEEK, GetLastError());
-    EXPECT_FALSE(rec.hasFile());
-    rec.Close();
+    // WriteRecEnd reads the header back from the file, for a record of any size.
+    for (size_t size : {size_t(3), size_t(300000)}) {
+        Probe rec(FALSE);
+        ASSERT_TRUE(rec.Create(path().c_str(), 2, 1, "Changed"));
+        DWORD start = rec.GetRecFilePointer();
+        ASSERT_TRUE(rec.WriteRecBegin(3, 4));
+        std::string data(size, 'b');
+        ASSERT_TRUE(rec.WriteRecData(data.data(), static_cast<DWORD>(data.size())));
+        ASSERT_TRUE(rec.poke(start + 4, std::string("\x09\0\0\0", 4)));
+        EXPECT_FALSE(rec.WriteRecEnd()) << size;
+        EXPECT_EQ(ERROR_SEEK, GetLastError()) << size;
+        EXPECT_FALSE(rec.hasFile());
+        rec.Close();
+    }
 }
 
 // ---- Verify -------------------------------------------------------------

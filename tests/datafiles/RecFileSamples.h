@@ -74,6 +74,19 @@ public:
         return ::WriteFile(m_hFile, bytes.data(), static_cast<DWORD>(bytes.size()), &written, &ov) &&
                written == bytes.size();
     }
+    // The file's bytes as they are on disk now, read behind the object's back.
+    std::string onDisk()
+    {
+        LARGE_INTEGER size = {};
+        if (!::GetFileSizeEx(m_hFile, &size))
+            return "<no file>";
+        std::string bytes(static_cast<size_t>(size.QuadPart), '\0');
+        OVERLAPPED ov = {};
+        DWORD read = 0;
+        if (!bytes.empty() && !::ReadFile(m_hFile, &bytes[0], static_cast<DWORD>(bytes.size()), &read, &ov))
+            return "<unreadable>";
+        return bytes.substr(0, read);
+    }
 };
 
 // Reads every record from the descriptor on, without throwing. Returns the

@@ -289,6 +289,41 @@ TEST_F(RecFileTest, FileTypeSelectsFilesAndChecksums)
     EXPECT_EQ(ERROR_BAD_FORMAT, GetLastError());
 }
 
+TEST_F(RecFileTest, EveryWritingCallLeavesItsBytesInTheFile)
+{
+    // What a writer that is killed now leaves behind: after every call that
+    // returned TRUE, the file holds exactly the bytes written so far.
+    Probe rec(FALSE);
+    ASSERT_TRUE(rec.Create(path().c_str(), 2, 1, "desc"));
+    std::string expected = rec.onDisk();
+    std::string desc = std::string(expected.size() < 24 ? "" : expected.substr(24));
+    EXPECT_EQ("TARN" + rectest::RawRecord(2, 0, 1, desc), expected) << "the magic and the descriptor at once";
+    EXPECT_EQ("\ndesc\n", desc.substr(desc.size() < 7 ? 0 : desc.size() - 7, 6));
+
+    ASSERT_TRUE(rec.WriteRec(5, 0, 4, "abcd"));
+    expected += rectest::RawRecord(2, 5, 0, "abcd");
+    EXPECT_EQ(expected, rec.onDisk());
+
+    ASSERT_TRUE(rec.WriteRecBegin(6, 7));
+    std::string header = rectest::RawRecord(2, 6, 7, "").substr(0, 12) + std::string(8, '\0');
+    EXPECT_EQ(expected + header, rec.onDisk()) << "the header, length and checksum 0";
+    ASSERT_TRUE(rec.WriteRecData("xy", 2));
+    EXPECT_EQ(expected + header + "xy", rec.onDisk());
+    ASSERT_TRUE(rec.WriteRecData("z", 1));
+    ASSERT_TRUE(rec.WriteRecEnd());
+    expected += rectest::RawRecord(2, 6, 7, "xyz");
+    EXPECT_EQ(expected, rec.onDisk());
+
+    // Opened again for appending, the same holds.
+    ASSERT_TRUE(rec.Close());
+    ASSERT_TRUE(rec.Open(path().c_str(), kAny, TRUE));
+    ASSERT_TRUE(rec.WriteRec(8, 9, 0, ""));
+    expected += rectest::RawRecord(2, 8, 9, "");
+    EXPECT_EQ(expected, rec.onDisk());
+    ASSERT_TRUE(rec.Close());
+    EXPECT_EQ(expected, tqmtest::ReadBytes(path()));
+}
+
 TEST_F(RecFileTest, UnfinishedRecordIsOnDiskAsWritten)
 {
     // Closing, destroying or failing in the middle of a record leaves its
