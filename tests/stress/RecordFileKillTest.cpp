@@ -164,10 +164,10 @@ TEST(RecordFileUnderKills, EveryReturnedRecordReadsBackAndTheTailIsNamed)
         }
         DeleteFileA(path.c_str());
     }
-    Figure("record file: %d kills, %ld records had returned TRUE; kills that lost one of them %d; damaged tails %d "
-           "(%d of them behind a record killed between its begin and end, which reads as an empty record), named at "
-           "the wrong offset %d",
-           kills, records, lost, tails, unfinished, misnamed);
+    Figure("record file: %d kills, %ld records had returned TRUE; kills that lost one of them %d; kills in the "
+           "middle of a record written in pieces %d (it reads as an empty record); damaged tails %d, named at the "
+           "wrong offset %d",
+           kills, records, lost, unfinished, tails, misnamed);
 }
 
 }  // namespace
