@@ -75,10 +75,10 @@ small_disk() {
         echo "the read-only disk could not be mounted: ${out:-mount failed}"
         return 1
     fi
-    # The settings mirror where the library looks for it below a common
-    # documents folder of R:\Documents.
-    mkdir -p "$disk/Documents/Tarn-Holmvik/QM5_20/LocalDir"
-    printf '[Global]\r\nKept=a value stored before\r\n' >"$disk/Documents/Tarn-Holmvik/QM5_20/LocalDir/QM5Global.ini"
+    # The settings mirror where the library looks for it when the common
+    # documents folder is R:\Documents: in the suite's folder beside it.
+    mkdir -p "$disk/Documents" "$disk/Tarn-Holmvik/QM5_20/LocalDir"
+    printf '[Global]\r\nKept=a value stored before\r\n' >"$disk/Tarn-Holmvik/QM5_20/LocalDir/QM5Global.ini"
     printf '[Old]\r\nKey=the old value\r\n\r\n' >"$disk/Documents/ReadOnly.ini"
     if ! out=$(mount -o remount,ro "$disk" 2>&1); then
         echo "the read-only disk could not be made read-only: ${out:-mount failed}"
