@@ -53,7 +53,9 @@ CString WINAPI TQMGetProfileString(const char* pszSection, const char* pszKey, c
         if (!pszSection || !pszKey || !pszFile)
             return CString(pszDefault);
         CStdioFile file;
-        if (!file.Open(pszFile, CStdioFile::modeRead | CStdioFile::typeText))
+        // Shared for replacing too: a program saving the document (through a
+        // temporary file moved over it) must not fail because of a lookup.
+        if (!file.Open(pszFile, CStdioFile::modeRead | CStdioFile::typeText | CStdioFile::shareAllowDelete))
             return CString(pszDefault);
         char line[tqm::ini::kLineBufferSize];
         const char* pszValue = scanForValue(file, pszSection, pszKey, line, sizeof(line));

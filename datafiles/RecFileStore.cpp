@@ -46,10 +46,18 @@ uint32_t FileRecordStore::WriteAt(uint64_t pos, const void* p, uint32_t n)
     DWORD dwWritten = 0;
     if (!moveTo(m_hFile, pos))
         return lastError(ERROR_SEEK);
-    if (!::WriteFile(m_hFile, p, n, &dwWritten, nullptr))
-        return lastError(ERROR_WRITE_FAULT);
-    // A disk file takes all or fails; a short write still lost data.
-    return dwWritten == n ? 0 : ERROR_WRITE_FAULT;
+    // A disk that fills up takes what fits and reports success for that
+    // (Wine does, as the file system below it does); writing the rest then
+    // fails with the system's own reason, a full disk. A write that takes
+    // nothing and still succeeds has no reason to give.
+    const BYTE* bytes = static_cast<const BYTE*>(p);
+    for (uint32_t left = n; left > 0; left -= dwWritten, bytes += dwWritten) {
+        if (!::WriteFile(m_hFile, bytes, left, &dwWritten, nullptr))
+            return lastError(ERROR_WRITE_FAULT);
+        if (dwWritten == 0)
+            return ERROR_WRITE_FAULT;
+    }
+    return 0;
 }
 
 uint32_t FileRecordStore::Size(uint64_t* pSize)

@@ -24,15 +24,16 @@ DWORD accessFor(UINT nFlags)
 // readers and writers are not locked out.
 DWORD shareFor(UINT nFlags)
 {
+    const DWORD dwDelete = (nFlags & CStdioFile::shareAllowDelete) ? FILE_SHARE_DELETE : 0;
     switch (nFlags & 0x70) {
     case CStdioFile::shareExclusive:
-        return 0;
+        return dwDelete;
     case CStdioFile::shareDenyWrite:
-        return FILE_SHARE_READ;
+        return FILE_SHARE_READ | dwDelete;
     case CStdioFile::shareDenyRead:
-        return FILE_SHARE_WRITE;
+        return FILE_SHARE_WRITE | dwDelete;
     default:
-        return FILE_SHARE_READ | FILE_SHARE_WRITE;
+        return FILE_SHARE_READ | FILE_SHARE_WRITE | dwDelete;
     }
 }
 

@@ -30,6 +30,9 @@ public:
         shareDenyWrite = 0x0020,
         shareDenyRead = 0x0030,
         shareDenyNone = 0x0040,
+        // Ours: others may also rename or replace the file while it is open
+        // (a reader that must not stop a document being saved over it).
+        shareAllowDelete = 0x0100,
         modeCreate = 0x1000,
         modeNoTruncate = 0x2000,
         typeText = 0x4000,

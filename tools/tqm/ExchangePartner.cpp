@@ -79,11 +79,24 @@ bool ExchangePartner::makeReplySection(Section& reply, DWORD size)
     return true;
 }
 
-// A requester whose window is gone reads nothing more.
+// A requester whose window is gone reads nothing more. A reply posted just
+// before it went was never read: the atom naming its section would stay in
+// the global table for the rest of the session, so it goes too. The name is
+// this process's own and was never handed to anyone else.
 void ExchangePartner::releaseGone()
 {
-    for (auto it = m_requesters.begin(); it != m_requesters.end();)
-        it = IsWindow(it->first) ? std::next(it) : m_requesters.erase(it);
+    for (auto it = m_requesters.begin(); it != m_requesters.end();) {
+        if (IsWindow(it->first)) {
+            ++it;
+            continue;
+        }
+        const std::string& replyName = it->second.reply.name;
+        if (!replyName.empty()) {
+            if (ATOM unread = GlobalFindAtomA(replyName.c_str()))
+                GlobalDeleteAtom(unread);
+        }
+        it = m_requesters.erase(it);
+    }
 }
 
 void ExchangePartner::WaitForReaders(DWORD maxMs)

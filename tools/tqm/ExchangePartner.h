@@ -7,7 +7,8 @@
 // finds it instead of making a new one (making a section is what costs most),
 // and the reply section, used again for the next reply that fits (by then the
 // requester has read the last one: its exchange waited until it had). Both go
-// when the requester's window is gone.
+// when the requester's window is gone, and with them the atom of a reply it
+// never read (a requester killed while it waited).
 #pragma once
 
 #include "framework/Handles.h"

@@ -9,6 +9,7 @@
 
 #include "tools/tqm/ExchangePartner.h"
 #include "tools/tqm/ListenerWindow.h"
+#include "tools/tqm/PmLoadCheck.h"
 #include "tools/tqm/PmDocking.h"
 #include "tools/tqm/StreamInput.h"
 
@@ -22,6 +23,7 @@
 
 #include <limits.h>
 #include <stdio.h>
+#include <string.h>
 
 #include <memory>
 #include <string>
@@ -30,7 +32,7 @@ namespace tqmtool {
 namespace {
 
 const char kUsage[] =
-    "usage: tqm pm [--reply TEXT | --reply-file FILE] [--count N] [--dock POS]\n\n"
+    "usage: tqm pm [--reply TEXT | --reply-file FILE | --check] [--count N] [--dock POS]\n\n"
     "Stands in for the project manager: runs a window of class \"" TARN_PROJECT_MANAGER_WINDOW_CLASS "\" and\n"
     "prints every message the suite's programs send it, one line each:\n\n"
     "    TIME          KIND      WHAT\n"
@@ -64,11 +66,18 @@ const char kUsage[] =
     "It starts afresh each time (tqm keeps no window placement).\n\n"
     "Control characters in texts show as \\n, \\r, \\t or \\xNN. Ctrl+C ends it, and\n"
     "so does closing its window; --count N ends it after N messages. Exit 1 when\n"
-    "a project manager (or another stand-in) already runs.\n";
+    "a project manager (or another stand-in) already runs.\n\n"
+    "--check is the partner of the load test (the stress test program): instead\n"
+    "of a line per message, it checks each saved file, message line and request\n"
+    "for the sender, sequence number and checksum it carries, answers each\n"
+    "request with the reply of the size it asks for, and prints at the end, per\n"
+    "kind, \"checked KIND: N whole, N damaged, N repeated\" (P the saved files'\n"
+    "paths, I their infos, M message lines, Q requests).\n";
 
 struct PmOptions
 {
     bool fixedReply = false;
+    bool check = false;
     std::string reply;
     long count = 0;
     int dockPos = 0;  // 0: no docking
@@ -103,13 +112,23 @@ public:
     }
 
     // Replies not yet read stay available a while after the window closed.
-    void Finish() { m_exchange.WaitForReaders(5000); }
+    void Finish()
+    {
+        m_exchange.WaitForReaders(5000);
+        if (m_options.check)
+            m_check.PrintCounts();
+    }
 
 private:
     void printCopyData(const COPYDATASTRUCT& data)
     {
-        std::string text = data.lpData ? PrintableText(static_cast<const char*>(data.lpData), data.cbData) : "";
         int level = 0;
+        if (m_options.check && tqm::ReadDisplayMessageWord(data.dwData, &level)) {
+            const char* bytes = static_cast<const char*>(data.lpData);
+            m_check.Message(bytes && data.cbData ? std::string(bytes, strnlen(bytes, data.cbData)) : std::string());
+            return;
+        }
+        std::string text = data.lpData ? PrintableText(static_cast<const char*>(data.lpData), data.cbData) : "";
         if (data.dwData == TARN_TRACE_TAG_PROJECT_MANAGER)
             PrintStampedLine("tarn      %s", text.c_str());
         else if (tqm::ReadDisplayMessageWord(data.dwData, &level))
@@ -119,13 +138,17 @@ private:
     }
 
     // The receiver's part of a notification: both strings read, then deleted.
-    static void printSavedFile(ATOM info, ATOM path)
+    void printSavedFile(ATOM info, ATOM path)
     {
         char pathName[256] = "";
         GlobalGetAtomNameA(path, pathName, sizeof(pathName));
         CString infoText = GlobalGetMoleculeName(info);
         GlobalDeleteAtom(path);
         GlobalDeleteMolecule(info);
+        if (m_options.check) {
+            m_check.Saved(pathName, std::string(infoText.GetString(), static_cast<size_t>(infoText.GetLength())));
+            return;
+        }
         PrintStampedLine("saved     %s | %s", PrintableText(pathName, sizeof(pathName)).c_str(),
                          PrintableText(infoText.GetString(), static_cast<size_t>(infoText.GetLength())).c_str());
     }
@@ -138,7 +161,9 @@ private:
                              sectionName.c_str(), GetLastError());
             return;
         }
-        const std::string& reply = m_options.fixedReply ? m_options.reply : request;
+        if (m_options.check)
+            m_checkReply = m_check.Request(request);
+        const std::string& reply = m_options.check ? m_checkReply : m_options.fixedReply ? m_options.reply : request;
         DWORD error = 0;
         if (!m_exchange.Reply(requester, reply.data(), static_cast<DWORD>(reply.size()), &error)) {
             PrintStampedLine("exchange  %s | %s | no reply to window %s: %s", sectionName.c_str(),
@@ -146,6 +171,8 @@ private:
                              SystemMessage(error).c_str());
             return;
         }
+        if (m_options.check)
+            return;
         PrintStampedLine("exchange  %s | %s | %lu bytes replied", sectionName.c_str(),
                          PrintableText(request.data(), request.size()).c_str(),
                          static_cast<unsigned long>(reply.size()));
@@ -162,6 +189,8 @@ private:
     const PmOptions& m_options;
     const UINT m_notifyMessage;
     ExchangePartner m_exchange;
+    PmLoadCheck m_check;
+    std::string m_checkReply;
 };
 
 int readReplyFile(const std::string& name, std::string& reply)
@@ -180,8 +209,12 @@ int runPm(const Args& args)
         const std::string& arg = args[i];
         if ((arg == "--reply" || arg == "--reply-file" || arg == "--count" || arg == "--dock") && i + 1 >= args.size())
             return UsageError("pm", "%s needs a value", arg.c_str());
-        if (arg == "--reply" || arg == "--reply-file") {
+        if (arg == "--check") {
             if (options.fixedReply)
+                return UsageError("pm", "--check makes its own replies");
+            options.check = true;
+        } else if (arg == "--reply" || arg == "--reply-file") {
+            if (options.fixedReply || options.check)
                 return UsageError("pm", "one reply only");
             options.fixedReply = true;
             if (arg == "--reply")
