@@ -299,6 +299,32 @@ TEST(WaitingLoop, OwnWindowsTakeNoInputButWindowlessMessagesRun)
     EXPECT_FALSE(PeekMessageA(&msg, own.get(), WM_KEYDOWN, WM_COMMAND, PM_NOREMOVE)) << "input was kept, not dropped";
 }
 
+// A partner that FindWindow did not find: the wait ends at once, and the
+// message goes nowhere (not to this thread's own queue).
+TEST(WaitingLoop, NoPartnerWindowEndsTheWaitAtOnce)
+{
+    {
+        QuitAfter guard(kWaitMs);
+        EXPECT_EQ(TQM_ACK_PARTNER_GONE, PostMessageAndWaitAck(nullptr, WM_APP + 9, 0, 0));
+        EXPECT_FALSE(guard.fired());
+    }
+    MSG msg;
+    EXPECT_FALSE(PeekMessageA(&msg, reinterpret_cast<HWND>(-1), WM_APP + 9, WM_APP + 9, PM_REMOVE));
+
+    // An exchange without a partner fails at once, with the system's reason.
+    OwnWindow own;
+    tqmtest::BoxRecorder boxes;
+    const std::string section = unique("TqmTest.NoPartner", 20);
+    EXCHANGEDATA data = {nullptr, own.get(), section.c_str(), 0, nullptr, 0, nullptr};
+    {
+        QuitAfter guard(kWaitMs);
+        EXPECT_FALSE(ExchangeData(&data));
+        EXPECT_FALSE(guard.fired());
+    }
+    EXPECT_EQ(1u, boxes.count());
+    EXPECT_EQ(0, GlobalFindAtomA(section.c_str()));
+}
+
 TEST(WaitingLoop, QuitEndsEitherWaitAndIsPostedAgain)
 {
     OwnWindow own;
