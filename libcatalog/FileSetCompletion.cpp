@@ -118,7 +118,8 @@ struct OpenSource
 bool scanSourceFile(CatalogueFile& file, std::vector<SourceDirective>& directives)
 {
     SourceDirectiveScanner scanner;
-    std::vector<uint8_t> block(kSourceBlock);
+    // A block, or the whole of a smaller file.
+    std::vector<uint8_t> block(file.Size() < kSourceBlock ? static_cast<size_t>(file.Size()) + 1 : kSourceBlock);
     bool ok = true;
     for (uint64_t offset = 0;; offset += block.size()) {
         size_t got = 0;

@@ -101,7 +101,9 @@ private:
         const uint64_t blockEnd = m_blockStart + m_block.size();
         if (m_pos >= m_blockStart && m_pos <= blockEnd && blockEnd - m_pos >= n)
             return n;
-        m_block.resize(kCursorBlock);
+        // A block, or the rest of a smaller file.
+        const uint64_t rest = m_size > m_pos ? m_size - m_pos : 0;
+        m_block.resize(rest < kCursorBlock ? static_cast<size_t>(rest) : kCursorBlock);
         size_t got = 0;
         if (!m_source.Read(m_pos, m_block.data(), m_block.size(), &got)) {
             m_block.clear();

@@ -217,7 +217,7 @@ TEST_F(WithProjectManager, PartnerClosedDuringTheWaitGivesFFFFFFFF)
     KillTimer(nullptr, timer);
     EXPECT_FALSE(guard.fired());
     EXPECT_EQ(TQM_ACK_PARTNER_GONE, result);
-    EXPECT_EQ(0xFFFFFFFFull, static_cast<unsigned long long>(result));
+    EXPECT_EQ(0xFFFFFFFFull, static_cast<unsigned long long>(static_cast<ULONG_PTR>(result)));
     EXPECT_EQ(0, m_pm.wait());
 }
 

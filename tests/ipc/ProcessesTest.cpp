@@ -97,7 +97,7 @@ TEST(Widths, ParameterBlocksAndThePartnerGoneValue)
 
     // The same numbers in both builds: not -1 widened, and a message line's
     // level word reckoned in 32 bits.
-    EXPECT_EQ(0xFFFFFFFFull, static_cast<unsigned long long>(TQM_ACK_PARTNER_GONE));
+    EXPECT_EQ(0xFFFFFFFFull, static_cast<unsigned long long>(static_cast<ULONG_PTR>(TQM_ACK_PARTNER_GONE)));
     EXPECT_EQ(p == 4, TQM_ACK_PARTNER_GONE == static_cast<LRESULT>(-1));
     EXPECT_EQ(0xAAA9FFFFu, tqm::DisplayMessageWord(-1));
     EXPECT_EQ(0x0AAA0000u, tqm::DisplayMessageWord(0x60000000));
