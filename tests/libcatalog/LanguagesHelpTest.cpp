@@ -207,6 +207,13 @@ TEST_F(Help, WindowsHelpAtTheKeywordOrItsContents)
 
 using HtmlHelpCall = LONG(__cdecl*)(HWND*, char*, UINT*, char*, int*, BOOL*);
 
+// A library whose help is compiled HTML help; its description's path.
+std::string withCompiledHelp(const tqmtest::LibraryTree& tree)
+{
+    tree.put("Lib\\Motion.chm", "help");
+    return tree.put("Lib\\Motion.tarnlin", "[Languages]\nCount=1\nLang0=en\n[en]\nHelpFile=Motion.chm\n");
+}
+
 // The HTML Help path, run in a child process: the library loads hhctrl.ocx
 // by name, and the stand-in's folder is searched first (SetDllDirectory).
 // Wine prefers its own hhctrl.ocx to one found on the search path unless the
@@ -216,9 +223,7 @@ void showHtmlHelpInChild()
 {
     ASSERT_TRUE(SetDllDirectoryA(tqmtest::FixturePath("htmlhelp").c_str()));
     tqmtest::LibraryTree tree;
-    tree.put("Lib\\Motion.chm", "help");
-    const std::string description =
-        tree.put("Lib\\Motion.tarnlin", "[Languages]\nCount=1\nLang0=en\n[en]\nHelpFile=Motion.chm\n");
+    const std::string description = withCompiledHelp(tree);
     BoxRecorder boxes;
     EXPECT_TRUE(TQMDisplayLibraryHelp(nullptr, description.c_str(), "MC_Power"));
     HMODULE standIn = GetModuleHandleA("hhctrl.ocx");
@@ -290,9 +295,7 @@ TEST(HtmlHelpViewer, CountsAsShownWithoutHtmlHelp)
         GTEST_SKIP() << "HTML Help could not be taken away";
     }
     tqmtest::LibraryTree tree;
-    tree.put("Lib\\Motion.chm", "help");
-    const std::string description =
-        tree.put("Lib\\Motion.tarnlin", "[Languages]\nCount=1\nLang0=en\n[en]\nHelpFile=Motion.chm\n");
+    const std::string description = withCompiledHelp(tree);
     BoxRecorder boxes;
     EXPECT_TRUE(TQMDisplayLibraryHelp(nullptr, description.c_str(), "MC_Power"));
     EXPECT_TRUE(TQMDisplayLibraryHelp(nullptr, description.c_str(), nullptr));
