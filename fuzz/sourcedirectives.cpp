@@ -1,10 +1,13 @@
 // The source-directive scanner over any bytes: names are never empty and
 // never cross a line, bare names hold no blank or ";", and a whole file scans
-// to what its lines scan to one by one.
+// to what its lines scan to one by one, and to what its pieces scan to when it
+// arrives in pieces.
 #include "FuzzSupport.h"
 #include "libcatalog/logic/SourceDirectives.h"
 
 #include <string.h>
+
+#include <algorithm>
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
@@ -20,6 +23,16 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
         start = end + 1;
     }
     TQM_FUZZ_CHECK(whole.size() == byLine.size());
+
+    // Fed in pieces split anywhere, as a file is read block by block, the
+    // text scans the same.
+    tqm::SourceDirectiveScanner scanner;
+    for (size_t start = 0, piece = 1; start < size; start += piece, piece = piece % 7 + 1)
+        scanner.Feed(text + start, std::min(piece, size - start));
+    const std::vector<tqm::SourceDirective> pieces = scanner.Finish();
+    TQM_FUZZ_CHECK(pieces.size() == whole.size());
+    for (size_t i = 0; i < whole.size() && i < pieces.size(); ++i)
+        TQM_FUZZ_CHECK(pieces[i].kind == whole[i].kind && pieces[i].name == whole[i].name);
     for (size_t i = 0; i < whole.size(); ++i) {
         const tqm::SourceDirective& d = whole[i];
         TQM_FUZZ_CHECK(d.kind == byLine[i].kind && d.name == byLine[i].name);

@@ -15,9 +15,15 @@ UINT WINAPI RegisterQM4AckMessage() { return g_ackMessage; }
 
 LRESULT WINAPI PostMessageAndWaitAck(HWND hWnd, UINT nMsg, WPARAM wParam, LPARAM lParam)
 {
+    // A partner that is no window (FindWindow found none) gives its answer at
+    // once. Nothing is posted to it: PostMessage would hand a message for no
+    // window to this thread's own queue, where the program's main loop would
+    // meet it later.
+    if (!::IsWindow(hWnd))
+        return TQM_ACK_PARTNER_GONE;
     ::PostMessageA(hWnd, nMsg, wParam, lParam);
     MSG msg;
-    switch (tqm::WaitForMessage(g_ackMessage, hWnd, msg)) {
+    switch (tqm::WaitForMessageWhileWindow(g_ackMessage, hWnd, msg)) {
     case tqm::WaitEnd::PartnerGone:
         return TQM_ACK_PARTNER_GONE;
     case tqm::WaitEnd::Quit:

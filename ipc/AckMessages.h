@@ -25,7 +25,9 @@ extern "C" TQM_CAPI UINT WINAPI RegisterQM4AckMessage();
 // Posts nMsg to hWnd and waits for an acknowledgement from anyone; returns
 // its lParam, TQM_ACK_PARTNER_GONE when hWnd is found gone before a fetch
 // (at the first message that reaches the thread after it went), or 0 when a
-// quit message ended the wait (it is posted again).
+// quit message ended the wait (it is posted again). A hWnd that is no window
+// at all, NULL included, gives TQM_ACK_PARTNER_GONE at once, and nothing is
+// posted.
 extern "C" TQM_CAPI LRESULT WINAPI PostMessageAndWaitAck(HWND hWnd, UINT nMsg, WPARAM wParam, LPARAM lParam);
 
 // Acknowledges to hWnd (the waiting sender's window) with lResult.

@@ -84,9 +84,14 @@ BOOL WINAPI ExchangeData(EXCHANGEDATA* pData)
     if (!request)
         return failWithLastError(data.hWndOwner);
     // The partner deletes the atom. A request that cannot be posted would
-    // never be answered: rather than wait for ever, the call fails.
+    // never be answered: rather than wait for ever, the call fails. So does
+    // one for no window at all, which PostMessage would hand to this
+    // thread's own queue.
     ATOM name = ::GlobalAddAtomA(data.pszSectionName);
-    if (!::PostMessageA(data.hWndPartner, exchangeMessage, reinterpret_cast<WPARAM>(data.hWndOwner), name)) {
+    if (!::IsWindow(data.hWndPartner))
+        ::SetLastError(ERROR_INVALID_WINDOW_HANDLE);
+    if (!::IsWindow(data.hWndPartner) ||
+        !::PostMessageA(data.hWndPartner, exchangeMessage, reinterpret_cast<WPARAM>(data.hWndOwner), name)) {
         DWORD error = ::GetLastError();
         if (name)
             ::GlobalDeleteAtom(name);
@@ -97,7 +102,7 @@ BOOL WINAPI ExchangeData(EXCHANGEDATA* pData)
     // A quit message ending the wait is taken as the reply it is not, and
     // fails below at opening a section without a name.
     MSG msg;
-    tqm::WaitForMessage(readyMessage, nullptr, msg);
+    tqm::WaitForMessage(readyMessage, msg);
     char replyName[kReplyNameSize] = "";
     const ATOM replyAtom = static_cast<ATOM>(msg.lParam);
     ::GlobalGetAtomNameA(replyAtom, replyName, kReplyNameSize);

@@ -48,6 +48,8 @@ typedef struct tagEXCHANGEDATA
 
 // Sends the request and waits for the reply. FALSE, after a "System Error"
 // box owned by hWndOwner with the system's reason, when a section cannot be
-// made, opened or mapped, or the request cannot be posted; a quit message
-// ending the wait ends up there too (it is posted again).
+// made, opened or mapped; a quit message ending the wait ends up there too
+// (it is posted again). Deliberately beyond the suite's old rule, a request
+// that cannot be posted (hWndPartner is no window) fails the same way at
+// once instead of waiting for ever for a reply that cannot come.
 extern "C" TQM_CAPI BOOL WINAPI ExchangeData(EXCHANGEDATA* pData);

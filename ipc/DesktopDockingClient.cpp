@@ -59,16 +59,13 @@ LONG CDesktopDockingClient::OnMsgFromManager(UINT wParam, LONG lParam)
     return 1;
 }
 
-void CDesktopDockingClient::OnWindowPosChanged(WINDOWPOS* pPos)
+// Every change counts, a change of Z order alone too: the client in front is
+// the one the manager and the other clients dock against.
+void CDesktopDockingClient::OnWindowPosChanged(WINDOWPOS*)
 {
     if (!::IsWindow(m_hMainWnd) || !::IsWindow(m_hManagerWnd) || m_nDockPos == tqm::kDockNone ||
         ::GetForegroundWindow() != m_hMainWnd)
         return;
-    // Only a move or a size concerns the manager, not a change of Z order
-    // or of activation.
-    if (pPos && (pPos->flags & (SWP_NOMOVE | SWP_NOSIZE)) == (SWP_NOMOVE | SWP_NOSIZE))
-        return;
-
     if (tqm::IsMinimizedOrMaximized(m_hMainWnd)) {
         m_bMinMax = TRUE;
         return;

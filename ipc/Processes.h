@@ -40,6 +40,10 @@ extern "C" TQM_CAPI BOOL WINAPI ExecApp(HWND hWndParent, const char* pszApp, con
 // TRUE while the program ExecApp found still runs: its main window exists
 // and its process has not ended. Without a main window it asks the process
 // handle, which ExecApp has closed, so the answer is then normally FALSE.
+// Deliberately beyond the suite's old rule, the main window's process is
+// opened for limited query access only, and that handle is closed again: a
+// program of another user or with higher rights counts as running, and no
+// handle leaks.
 extern "C" TQM_CAPI BOOL WINAPI IsAppRunning(EXECAPPINFO* pInfo);
 
 // Reads the next line (up to a line feed) of the file into pszLine, carriage

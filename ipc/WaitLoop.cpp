@@ -9,12 +9,12 @@ bool ownsWindow(HWND hWnd)
     return hWnd && ::GetWindowThreadProcessId(hWnd, &pid) && pid == ::GetCurrentProcessId();
 }
 
-}  // namespace
-
-tqm::WaitEnd tqm::WaitForMessage(UINT awaited, HWND watched, MSG& msg)
+// The loop of both waits; with watch set, it ends when watched is gone.
+tqm::WaitEnd waitLoop(UINT awaited, bool watch, HWND watched, MSG& msg)
 {
+    using tqm::WaitEnd;
     for (;;) {
-        if (watched && !::IsWindow(watched))
+        if (watch && !::IsWindow(watched))
             return WaitEnd::PartnerGone;
         // With no window filter GetMessage fails only on a thread without a
         // message queue; that ends the wait as a quit does, never in a spin.
@@ -39,4 +39,13 @@ tqm::WaitEnd tqm::WaitForMessage(UINT awaited, HWND watched, MSG& msg)
         ::TranslateMessage(&msg);
         ::DispatchMessageA(&msg);
     }
+}
+
+}  // namespace
+
+tqm::WaitEnd tqm::WaitForMessage(UINT awaited, MSG& msg) { return waitLoop(awaited, false, nullptr, msg); }
+
+tqm::WaitEnd tqm::WaitForMessageWhileWindow(UINT awaited, HWND watched, MSG& msg)
+{
+    return waitLoop(awaited, true, watched, msg);
 }

@@ -18,9 +18,12 @@ enum class WaitEnd
 // Meanwhile messages for this process's own
 // windows are dropped - paint messages validated without drawing - so that
 // the program takes no input and runs no commands while it waits; messages
-// without a window or for other processes' windows are dispatched. With a
-// watched window, the wait ends as soon as that window is gone, checked
-// before every fetch. There is no time-out.
-WaitEnd WaitForMessage(UINT awaited, HWND watched, MSG& msg);
+// without a window or for other processes' windows are dispatched. There is
+// no time-out.
+WaitEnd WaitForMessage(UINT awaited, MSG& msg);
+
+// The same, but the wait ends as soon as watched is no longer a window,
+// checked before every fetch. NULL is never a window: that wait ends at once.
+WaitEnd WaitForMessageWhileWindow(UINT awaited, HWND watched, MSG& msg);
 
 }  // namespace tqm

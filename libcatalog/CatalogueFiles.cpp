@@ -1,7 +1,8 @@
 // The catalogue's file-system edge.
 #include "libcatalog/CatalogueFiles.h"
 
-#include <new>
+#include "libcatalog/logic/NetworkPaths.h"
+#include "paths/PathNames.h"
 
 namespace tqm {
 
@@ -13,33 +14,84 @@ bool IsExistingFile(const char* path)
     return attributes != INVALID_FILE_ATTRIBUTES && !(attributes & FILE_ATTRIBUTE_DIRECTORY);
 }
 
-FileRead ReadWholeFile(const char* path, std::vector<uint8_t>& bytes)
+bool VisitedFolders::identityOf(const std::string& folder, Identity& identity)
 {
-    bytes.clear();
-    UniqueFile file(CreateFileA(path, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING,
-                                FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
-    if (!file)
-        return FileRead::CannotOpen;
+    // Opened for its attributes only; a folder needs the backup flag to be
+    // opened at all, and a link is followed to its folder.
+    UniqueFile handle(CreateFileA(folder.c_str(), FILE_READ_ATTRIBUTES,
+                                  FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr, OPEN_EXISTING,
+                                  FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+    BY_HANDLE_FILE_INFORMATION information;
+    if (!handle || !GetFileInformationByHandle(handle.get(), &information))
+        return false;
+    identity = Identity(information.dwVolumeSerialNumber, information.nFileIndexHigh, information.nFileIndexLow);
+    return true;
+}
+
+bool VisitedFolders::Enter(const std::string& folder, bool isLink)
+{
+    if (!isLink && !m_linksMet) {
+        m_enteredBeforeLinks.push_back(folder);
+        return true;
+    }
+    if (!m_linksMet) {
+        m_linksMet = true;
+        Identity identity;
+        for (const std::string& entered : m_enteredBeforeLinks) {
+            if (identityOf(entered, identity))
+                m_identities.insert(identity);
+        }
+        m_enteredBeforeLinks.clear();
+    }
+    Identity identity;
+    if (!identityOf(folder, identity))
+        return !isLink;
+    return m_identities.insert(identity).second;
+}
+
+bool CatalogueFile::Open(const char* path)
+{
+    m_file.reset(CreateFileA(path, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING,
+                             FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
     LARGE_INTEGER size;
-    if (!GetFileSizeEx(file.get(), &size) || static_cast<uint64_t>(size.QuadPart) > kLargestReadFile)
-        return FileRead::ReadError;
-    try {
-        bytes.resize(static_cast<size_t>(size.QuadPart));
-    } catch (const std::bad_alloc&) {
-        return FileRead::ReadError;
+    if (!m_file || !GetFileSizeEx(m_file.get(), &size)) {
+        m_file.reset();
+        return false;
     }
+    m_size = static_cast<uint64_t>(size.QuadPart);
+    return true;
+}
+
+bool CatalogueFile::Read(uint64_t offset, uint8_t* buffer, size_t size, size_t* got)
+{
+    *got = 0;
+    LARGE_INTEGER at;
+    at.QuadPart = static_cast<LONGLONG>(offset);
+    if (!SetFilePointerEx(m_file.get(), at, nullptr, FILE_BEGIN))
+        return false;
     // The file may shrink while it is read: what arrived is what it holds.
-    size_t done = 0;
-    while (done < bytes.size()) {
-        DWORD got = 0;
-        if (!ReadFile(file.get(), bytes.data() + done, static_cast<DWORD>(bytes.size() - done), &got, nullptr))
-            return FileRead::ReadError;
-        if (got == 0)
+    while (*got < size) {
+        const size_t left = size - *got;
+        const DWORD piece = left < 0x10000000u ? static_cast<DWORD>(left) : 0x10000000u;
+        DWORD read = 0;
+        if (!ReadFile(m_file.get(), buffer + *got, piece, &read, nullptr))
+            return false;
+        if (read == 0)
             break;
-        done += got;
+        *got += read;
     }
-    bytes.resize(done);
-    return FileRead::Ok;
+    return true;
+}
+
+std::string FullPathInFolder(const std::string& folder, const std::string& name)
+{
+    // Tags and drive folders follow the suite's path rules; a network folder,
+    // which those rules leave alone, is resolved here.
+    if (IsNetworkPath(folder.c_str()) && name.compare(0, 2, "<$") != 0)
+        return ResolveInNetworkFolder(folder, name);
+    if (IsNetworkPath(name.c_str()))
+        return name;
+    return TQMGetFullPath(folder.c_str(), name.c_str()).GetString();
 }
 
 }  // namespace tqm

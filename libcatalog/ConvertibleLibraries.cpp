@@ -42,8 +42,14 @@ class ConvertibleScan
 public:
     ConvertibleScan(bool recurse) : m_recurse(recurse) {}
 
-    // Scans folder (and, with recurse, its subfolders); false once stopped.
-    bool Scan(const std::string& folder);
+    // Scans the tree below folder: folder and, with recurse, its subfolders,
+    // each folder once; false once stopped.
+    bool ScanTree(const std::string& folder)
+    {
+        m_visited = VisitedFolders();
+        m_visited.Enter(folder, false);
+        return Scan(folder);
+    }
     std::vector<std::string>& Candidates() { return m_candidates; }
 
 private:
@@ -63,8 +69,11 @@ private:
     void takeFamilyFile(const std::string& folder, const std::string& path, FolderState& state);
     void takeDefinition(const std::string& path, const FolderState& state);
     bool scanSubfolders(const std::string& folder, const FolderState& state);
+    // Scans folder (and, with recurse, its subfolders); false once stopped.
+    bool Scan(const std::string& folder);
 
     bool m_recurse;
+    VisitedFolders m_visited;
     std::vector<std::string> m_candidates;
 };
 
@@ -143,7 +152,7 @@ bool ConvertibleScan::scanSubfolders(const std::string& folder, const FolderStat
     return ForEachMatch(folder + "\\*.*", [&](const WIN32_FIND_DATAA& data) {
         if (stopRequested())
             return false;
-        if (!IsFolder(data) || (data.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT))
+        if (!IsFolder(data))
             return true;
         if (state.languages.Contains(data.cFileName))
             return true;
@@ -151,7 +160,9 @@ bool ConvertibleScan::scanSubfolders(const std::string& folder, const FolderStat
             if (!_stricmp(data.cFileName, language))
                 return true;
         }
-        return Scan(folder + "\\" + data.cFileName);
+        // Linked folders are entered too; a folder met again is not.
+        const std::string subfolder = folder + "\\" + data.cFileName;
+        return !m_visited.Enter(subfolder, IsLinkedFolder(data)) || Scan(subfolder);
     }) && !stopRequested();
 }
 
@@ -187,7 +198,7 @@ HGLOBAL scanFolders(const char* folders, bool recurse)
     CTQMTokenizer tokens;
     for (const char* token = tokens.GetFirstToken(folders, '\t'); *token; token = tokens.GetNextToken()) {
         const std::string folder = WithoutTrailingBackslashes(token).GetString();
-        if (!isInLibraries(folder, libsDir) && !scan.Scan(folder))
+        if (!isInLibraries(folder, libsDir) && !scan.ScanTree(folder))
             break;
         if (!tokens.HasMoreTokens())
             break;

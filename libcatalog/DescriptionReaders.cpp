@@ -154,11 +154,9 @@ void readFiles(CTQMIniFile& ini, const std::string& path, bool older, LibraryFil
                    });
 }
 
-// A path relative to the description's folder made full.
-std::string inFolder(const std::string& folder, const char* relative)
-{
-    return TQMGetFullPath(folder.c_str(), relative).GetString();
-}
+// A path relative to the description's folder made full, on a drive or a
+// network path alike.
+std::string inFolder(const std::string& folder, const char* relative) { return FullPathInFolder(folder, relative); }
 
 // [SheredFiles] (the file format's spelling): files shared with other
 // libraries, taken when they exist.

@@ -12,18 +12,31 @@
 namespace tqm {
 namespace {
 
-// Adds every file (not folder, not backup) that matches pattern in folder.
+// The size of the blocks a source file is read in.
+constexpr size_t kSourceBlock = 64 * 1024;
+
+// Adds every file (not folder, not backup) that matches pattern in folder; a
+// pattern with folders of its own finds its files in those.
 void addMatches(const std::string& folder, const std::string& pattern, LibraryFileSet& set)
 {
-    ForEachMatch(folder + "\\" + pattern, [&](const WIN32_FIND_DATAA& data) {
+    const std::string full = folder + "\\" + pattern;
+    const std::string matchFolder = FolderOf(full);
+    ForEachMatch(full, [&](const WIN32_FIND_DATAA& data) {
         if (!IsFolder(data) && !HasExtension(data.cFileName, ".bak"))
-            set.AddFile(folder + "\\" + data.cFileName);
+            set.AddFile(matchFolder + "\\" + data.cFileName);
         return true;
     });
 }
 
-// A family or language name used as a file or folder name: a plain name
-// without folders or wildcards, else it names nothing of this library.
+// A family or language name used as a name in a language folder: without
+// folders or wildcards, else it names nothing of this library.
+bool isBareName(const std::string& name)
+{
+    return !name.empty() && !TQMHasDir(name.c_str()) &&
+           name.find_first_of("*?") == std::string::npos;
+}
+
+// A help file name in a family file: a valid file name.
 bool isPlainName(const std::string& name) { return TQMIsValidFileName(name.c_str(), TRUE) != FALSE; }
 
 void addLanguageFiles(const std::string& folder, const std::string& family, const std::string& language,
@@ -46,12 +59,12 @@ void addLanguageFiles(const std::string& folder, const std::string& family, cons
         set.AddFile(helpFile);
 }
 
-// A name from a directive or an object file, as a full path from folder.
+// A name from a directive, as a full path from folder.
 std::string resolveName(const std::string& folder, const std::string& name)
 {
     if (!TQMHasDir(name.c_str()))
         return folder + "\\" + name;
-    return TQMGetFullPath(folder.c_str(), name.c_str()).GetString();
+    return FullPathInFolder(folder, name);
 }
 
 // name with ext appended when its last component has no extension.
@@ -66,18 +79,15 @@ std::string withDefaultExtension(const std::string& name, const char* ext)
 
 void readObjectFile(const std::string& path, LibraryFileSet& set)
 {
-    std::vector<uint8_t> bytes;
-    const FileRead read = ReadWholeFile(path.c_str(), bytes);
-    if (read == FileRead::CannotOpen)
+    CatalogueFile file;
+    if (!file.Open(path.c_str()))
         return;
-    if (read == FileRead::ReadError) {
-        set.Raise("Error: Can't read file: %s", path.c_str());
-        return;
-    }
-    const ObjectFileNames found = ReadObjectFileNames(bytes.data(), bytes.size());
+    const ObjectFileNames found = ReadObjectFileNames(file);
     const std::string folder = FolderOf(path);
+    // Every recorded name without a folder part, whatever else it holds: the
+    // compiler wrote it, so it names a file the object was made from.
     for (const std::string& name : found.names) {
-        if (isPlainName(name))
+        if (!name.empty() && !TQMHasDir(name.c_str()))
             set.AddFile(folder + "\\" + name);
     }
     switch (found.fault) {
@@ -103,30 +113,53 @@ struct OpenSource
     size_t next = 0;
 };
 
+// The directives of a source file, read block by block; false on a read
+// error (the directives before it are kept).
+bool scanSourceFile(CatalogueFile& file, std::vector<SourceDirective>& directives)
+{
+    SourceDirectiveScanner scanner;
+    // A block, or the whole of a smaller file.
+    std::vector<uint8_t> block(file.Size() < kSourceBlock ? static_cast<size_t>(file.Size()) + 1 : kSourceBlock);
+    bool ok = true;
+    for (uint64_t offset = 0;; offset += block.size()) {
+        size_t got = 0;
+        ok = file.Read(offset, block.data(), block.size(), &got);
+        scanner.Feed(reinterpret_cast<const char*>(block.data()), got);
+        if (!ok || got < block.size())
+            break;
+    }
+    directives = scanner.Finish();
+    return ok;
+}
+
 OpenSource openSource(const std::string& path, LibraryFileSet& set)
 {
     OpenSource source;
     source.folder = FolderOf(path);
-    std::vector<uint8_t> bytes;
-    const FileRead read = ReadWholeFile(path.c_str(), bytes);
-    if (read == FileRead::ReadError)
-        set.Raise("Error: Can't read file: %s", path.c_str());
-    if (read != FileRead::Ok)
+    CatalogueFile file;
+    if (!file.Open(path.c_str()))
         return source;
-    const char* text = reinterpret_cast<const char*>(bytes.data());
     if (ClassifyLibraryMember(path.c_str()) == LibraryMemberKind::Enciphered) {
         // Enciphered text holds no readable directives; only its signature is checked.
-        if (!HasEncipheredSignature(text, bytes.size()))
+        uint8_t head[kEncipheredSignatureSize];
+        size_t got = 0;
+        if (!file.Read(0, head, sizeof(head), &got)) {
+            set.Raise("Error: Can't read file: %s", path.c_str());
+            return source;
+        }
+        if (!HasEncipheredSignature(reinterpret_cast<const char*>(head), got))
             set.Raise("Error: Invalid encrypted file signature: %s", path.c_str());
         return source;
     }
-    source.directives = ScanSourceDirectives(text, bytes.size());
+    if (!scanSourceFile(file, source.directives))
+        set.Raise("Error: Can't read file: %s", path.c_str());
     return source;
 }
 
-// Scans a source and, depth first, every new file it includes. The open
-// sources live on a stack of their own, so deep inclusion chains cannot
-// exhaust the thread's stack.
+// Scans a source and, depth first, every new file it includes, whatever its
+// extension but an object file's (those are read as object files by the
+// walk). The open sources live on a stack of their own, so deep inclusion
+// chains cannot exhaust the thread's stack.
 void scanSource(const std::string& path, LibraryFileSet& set)
 {
     std::vector<OpenSource> open;
@@ -148,7 +181,7 @@ void scanSource(const std::string& path, LibraryFileSet& set)
             continue;
         }
         const std::string full = resolveName(top.folder, directive.name);
-        if (!set.AddFile(full) || !IsScannedAsSource(ClassifyLibraryMember(full.c_str())))
+        if (!set.AddFile(full) || ClassifyLibraryMember(full.c_str()) == LibraryMemberKind::ObjectFile)
             continue;
         set.MarkDone(set.FileCount() - 1);
         open.push_back(openSource(full, set));
@@ -160,25 +193,26 @@ void scanSource(const std::string& path, LibraryFileSet& set)
 void CompleteLibraryFileSet(const std::string& folder, LibraryFileSet& set)
 {
     const std::vector<std::string> families = set.Families();
-    for (const std::string& family : families) {
-        if (isPlainName(family))
-            addMatches(folder, family + ".*", set);
-    }
+    for (const std::string& family : families)
+        addMatches(folder, family + ".*", set);
     for (const std::string& family : families) {
         for (const LibraryLanguage& language : set.Languages()) {
-            if (isPlainName(family) && isPlainName(language.name))
+            if (isBareName(family) && isBareName(language.name))
                 addLanguageFiles(folder, family, language.name, set);
         }
     }
 
     for (size_t i = 0; i < set.FileCount(); ++i) {
+        const std::string path = set.FileAt(i);
+        const LibraryMemberKind kind = ClassifyLibraryMember(path.c_str());
+        // A family file leaves the set even when a source included it.
+        if (kind == LibraryMemberKind::FamilyFile) {
+            set.RemoveFileAt(i);
+            continue;
+        }
         if (!set.MarkDone(i))
             continue;
-        const std::string path = set.FileAt(i);
-        switch (ClassifyLibraryMember(path.c_str())) {
-        case LibraryMemberKind::FamilyFile:
-            set.RemoveFileAt(i);
-            break;
+        switch (kind) {
         case LibraryMemberKind::ObjectFile:
             readObjectFile(path, set);
             break;

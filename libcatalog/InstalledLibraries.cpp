@@ -17,10 +17,11 @@ namespace {
 
 // Adds the descriptions in folder and, depth first, in its subfolders.
 // Matches are taken by their exact extension: the system's search also
-// matches short names, so "*.tarnlin" could find a "*.tarnlinx". Folders that
-// are reparse points are not entered: a junction back up the tree would make
-// the walk endless.
-void collectDescriptions(const std::string& folder, std::vector<std::string>& list, FoldedNameSet& known)
+// matches short names, so "*.tarnlin" could find a "*.tarnlinx". Linked
+// folders are entered like any other (a libraries folder moved to another
+// disk and linked back); visited ends the cycles that links can make.
+void collectDescriptions(const std::string& folder, std::vector<std::string>& list, FoldedNameSet& known,
+                         VisitedFolders& visited)
 {
     ForEachMatch(folder + "\\*.tarnlin", [&](const WIN32_FIND_DATAA& data) {
         if (!IsFolder(data) && HasExtension(data.cFileName, ".tarnlin")) {
@@ -31,8 +32,11 @@ void collectDescriptions(const std::string& folder, std::vector<std::string>& li
         return true;
     });
     ForEachMatch(folder + "\\*.*", [&](const WIN32_FIND_DATAA& data) {
-        if (IsFolder(data) && !(data.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT))
-            collectDescriptions(folder + "\\" + data.cFileName, list, known);
+        if (!IsFolder(data))
+            return true;
+        const std::string subfolder = folder + "\\" + data.cFileName;
+        if (visited.Enter(subfolder, IsLinkedFolder(data)))
+            collectDescriptions(subfolder, list, known, visited);
         return true;
     });
 }
@@ -59,7 +63,9 @@ std::vector<std::string> InstalledLibraryFiles(bool removeDuplicates)
     const std::string libsDir = TQMGetLibsDir().GetString();
     std::vector<std::string> list;
     FoldedNameSet known(ini::SystemNameFold());
-    collectDescriptions(libsDir, list, known);
+    VisitedFolders visited;
+    visited.Enter(libsDir, false);
+    collectDescriptions(libsDir, list, known, visited);
     if (!removeDuplicates)
         return list;
 

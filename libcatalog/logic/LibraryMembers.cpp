@@ -62,9 +62,4 @@ LibraryMemberKind ClassifyLibraryMember(const char* path)
     return LibraryMemberKind::Source;
 }
 
-bool IsScannedAsSource(LibraryMemberKind kind)
-{
-    return kind == LibraryMemberKind::Source || kind == LibraryMemberKind::Enciphered;
-}
-
 }  // namespace tqm

@@ -12,6 +12,9 @@
 //   .wav .zip .dll .exe .lmi  HelpOrData    skipped: help, documents, pictures and binaries
 //   .srx .inx                 Enciphered    an enciphered source or include file
 //   anything else, or none    Source        scanned for directives
+//
+// These are the rules of the walk over the set. A file that a source
+// includes is scanned at once whatever its kind, an object file's aside.
 #pragma once
 
 namespace tqm {
@@ -28,9 +31,6 @@ enum class LibraryMemberKind
 };
 
 LibraryMemberKind ClassifyLibraryMember(const char* path);
-
-// True for the kinds whose text is scanned for directives (Source and Enciphered).
-bool IsScannedAsSource(LibraryMemberKind kind);
 
 // True when path's extension (from its last ".") is ext, without regard to case.
 bool HasExtension(const char* path, const char* ext);

@@ -14,7 +14,7 @@
 // Word 12 of the header is the offset of the dependency section, word 17 (in
 // headers that have one) the offset of the reference list, 0 for none.
 //
-// Pure code over a byte range: nothing here touches a file.
+// Pure code over a byte source: nothing here opens a file.
 #pragma once
 
 #include <stddef.h>
@@ -58,9 +58,27 @@ struct ObjectFileNames
     std::vector<std::string> names;
 };
 
+// Where the reader takes a file's bytes from. The reader reads the front of
+// the file and the two lists where the header says they are, in blocks of
+// its own: a file of any size is read with the same small memory.
+class ObjectFileSource
+{
+public:
+    virtual ~ObjectFileSource() = default;
+    // The file's size in bytes.
+    virtual uint64_t Size() = 0;
+    // Copies up to size bytes from offset on into buffer and stores how many
+    // in *got (fewer only at the end of the file); false on a read error.
+    virtual bool Read(uint64_t offset, uint8_t* buffer, size_t size, size_t* got) = 0;
+};
+
 // Reads the names an object file holds. Files of version 220 exist with two
 // header sizes: when the check fails over 33 words it is tried over 25
-// (deliberate; both kinds are in use).
+// (deliberate; both kinds are in use). A read error of the source ends the
+// reading as Unreadable.
+ObjectFileNames ReadObjectFileNames(ObjectFileSource& source);
+
+// The same over bytes in memory.
 ObjectFileNames ReadObjectFileNames(const uint8_t* data, size_t size);
 
 }  // namespace tqm

@@ -69,9 +69,10 @@ void putReferenceList(std::vector<uint8_t>& out, const std::vector<std::pair<std
 
 }  // namespace
 
-std::vector<uint8_t> WriteObjectFile(const ObjectFileLayout& layout)
+ObjectFileParts WriteObjectFileParts(const ObjectFileLayout& layout)
 {
-    std::vector<uint8_t> out;
+    ObjectFileParts parts;
+    std::vector<uint8_t>& out = parts.head;
     putString(out, layout.text1);
     putString(out, layout.text2);
     putByte(out, layout.version);
@@ -91,20 +92,30 @@ std::vector<uint8_t> WriteObjectFile(const ObjectFileLayout& layout)
         putByte(out, flags);
     else
         putWord(out, flags);
-    for (int i = 0; i < 16; ++i)
-        putByte(out, 0x90);  // code
 
+    // The sections follow the code; offsets are reckoned in the whole file.
+    const uint32_t tailAt = static_cast<uint32_t>(out.size() + layout.codeSize);
+    std::vector<uint8_t>& tail = parts.tail;
     if (layout.dependencySection) {
-        setDword(out, header + 4 * kDependencySectionWord, static_cast<uint32_t>(out.size()));
-        putDependencySection(out, layout.dependencies);
+        setDword(out, header + 4 * kDependencySectionWord, static_cast<uint32_t>(tailAt + tail.size()));
+        putDependencySection(tail, layout.dependencies);
     }
     if (words > kReferenceListWord && !layout.references.empty()) {
-        setDword(out, header + 4 * kReferenceListWord, static_cast<uint32_t>(out.size()));
-        putReferenceList(out, layout.references);
+        setDword(out, header + 4 * kReferenceListWord, static_cast<uint32_t>(tailAt + tail.size()));
+        putReferenceList(tail, layout.references);
     }
     const uint16_t headerCheck = UpdateCheckWord(0, out.data() + header, words * 4u);
     out[check] = static_cast<uint8_t>(headerCheck & 0xFF);
     out[check + 1] = static_cast<uint8_t>(headerCheck >> 8);
+    return parts;
+}
+
+std::vector<uint8_t> WriteObjectFile(const ObjectFileLayout& layout)
+{
+    ObjectFileParts parts = WriteObjectFileParts(layout);
+    std::vector<uint8_t>& out = parts.head;
+    out.insert(out.end(), layout.codeSize, 0x90);  // code
+    out.insert(out.end(), parts.tail.begin(), parts.tail.end());
     return out;
 }
 

@@ -25,8 +25,19 @@ struct ObjectFileLayout
     std::vector<std::string> dependencies;
     // (symbol, file name) pairs; written only where the header has word 17.
     std::vector<std::pair<std::string, std::string>> references;
+    // Bytes of code between the flags and the sections.
+    uint32_t codeSize = 16;
 };
 
 std::vector<uint8_t> WriteObjectFile(const ObjectFileLayout& layout);
+
+// The same file as the bytes before its code and the bytes after it; the
+// codeSize bytes between are left to the caller (a sparse file of any size).
+struct ObjectFileParts
+{
+    std::vector<uint8_t> head;
+    std::vector<uint8_t> tail;
+};
+ObjectFileParts WriteObjectFileParts(const ObjectFileLayout& layout);
 
 }  // namespace tqm

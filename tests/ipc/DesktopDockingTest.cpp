@@ -102,6 +102,28 @@ TEST_F(DesktopDocking, AMovedClientDocksTheManagerAgainstIt)
     EXPECT_RECT(edge, W.top, W.right, W.bottom - 1, clientWindow.rect()) << "back into place beside the manager";
 }
 
+// A change of Z order alone, with the client in front, docks the manager and
+// the other clients against it again, as a move would.
+TEST_F(DesktopDocking, RaisingTheFrontClientDocksTheOthersAgainstIt)
+{
+    dock(2);
+    CDesktopDockingClient second;
+    DockedWindow<CDesktopDockingClient> secondWindow(second, "TqmDockClient2", RECT{300, 300, 700, 600});
+    ASSERT_TRUE(second.Subscribe(secondWindow.wnd()));
+    const RECT docked = clientWindow.rect();
+    SetForegroundWindow(clientWindow.get());
+    ASSERT_EQ(clientWindow.get(), GetForegroundWindow());
+    // The second client, not in front, is moved aside and put above the first
+    // without telling anyone.
+    MoveWindow(secondWindow.get(), W.left + 500, W.top + 50, 300, 300, TRUE);
+    SetWindowPos(secondWindow.get(), HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+    EXPECT_RECT(W.left + 500, W.top + 50, W.left + 800, W.top + 350, secondWindow.rect());
+
+    SetWindowPos(clientWindow.get(), HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
+    EXPECT_RECT(docked.left, docked.top, docked.right, docked.bottom, secondWindow.rect());
+    second.Unsubscribe();
+}
+
 TEST_F(DesktopDocking, NothingMovesForMinimisedMaximisedCoveringOrUndockedWindows)
 {
     dock(2);
@@ -197,6 +219,28 @@ TEST_F(DesktopDocking, SavedPlacementOfTheManagerIsRestoredAndKeptDocked)
     manager.Close();
     EXPECT_EQ("0," + RectText(RECT{W.left, W.top, W.left + 280, W.top + 400}),
               app.GetProfileString("WindowPos", "MainWindow").GetString());
+}
+
+// Start-up does not undo how a program was started: a manager started
+// maximised stays maximised; a client started minimised without a manager
+// stays minimised and in the background.
+TEST_F(DesktopDocking, StartingMaximisedOrMinimisedIsKept)
+{
+    TempDir dir;
+    CWinApp app("Docking Test");
+    app.SetProfileFile(dir.file("profile.ini").c_str());
+    ASSERT_TRUE(app.WriteProfileString("WindowPos", "MainWindow", "0,50,60,350,500"));
+    ShowWindow(managerWindow.get(), SW_SHOWMAXIMIZED);
+    ASSERT_TRUE(manager.Initialize(managerWindow.wnd(), 2));
+    EXPECT_TRUE(IsZoomed(managerWindow.get()));
+
+    managerWindow.destroy();
+    TestWindow front("TqmDockFront", RECT{0, 0, 100, 100});
+    SetForegroundWindow(front.get());
+    ShowWindow(clientWindow.get(), SW_SHOWMINNOACTIVE);
+    EXPECT_FALSE(client.Subscribe(clientWindow.wnd()));
+    EXPECT_TRUE(IsIconic(clientWindow.get()));
+    EXPECT_NE(clientWindow.get(), GetForegroundWindow());
 }
 
 TEST_F(DesktopDocking, DialogsFitBesideTheManager)

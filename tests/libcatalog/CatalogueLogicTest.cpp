@@ -6,6 +6,7 @@
 #include "libcatalog/logic/LibraryMembers.h"
 #include "libcatalog/logic/LibraryVersion.h"
 #include "libcatalog/logic/ListBlock.h"
+#include "libcatalog/logic/NetworkPaths.h"
 #include "libcatalog/logic/NumberedEntries.h"
 
 #include <gtest/gtest.h>
@@ -99,6 +100,30 @@ TEST(NumberedEntries, WalkVisitsPresentOnesAndReportsTheFirstMissing)
     EXPECT_EQ(std::make_pair(1u, true), visited[1]);
     EXPECT_EQ(std::make_pair(3000000000u, true), visited.back());
     EXPECT_EQ(4000000000u - 2 - tqm::kReportedMissingEntries, skipped);
+}
+
+TEST(NetworkPaths, NamesResolveWithinTheShare)
+{
+    const struct
+    {
+        const char* folder;
+        const char* name;
+        const char* full;
+    } cases[] = {
+        {"\\\\srv\\share\\Lib", "Sub\\C.inc", "\\\\srv\\share\\Lib\\Sub\\C.inc"},
+        {"\\\\srv\\share\\Lib\\", ".\\Sub\\C.inc", "\\\\srv\\share\\Lib\\Sub\\C.inc"},
+        {"\\\\srv\\share\\Lib\\Old", "..\\Shared\\x.inc", "\\\\srv\\share\\Lib\\Shared\\x.inc"},
+        {"\\\\srv\\share\\Lib", "..\\..\\..\\x.inc", "\\\\srv\\share\\x.inc"},  // never above the share
+        {"\\\\srv\\share\\Lib", "\\Top\\x.inc", "\\\\srv\\share\\Top\\x.inc"},
+        {"\\\\srv\\share\\Lib", "D:\\x.inc", "D:\\x.inc"},
+        {"\\\\srv\\share\\Lib", "\\\\other\\d\\x.inc", "\\\\other\\d\\x.inc"},
+        {"\\\\srv\\share", ".\\", "\\\\srv\\share"},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(c.full, tqm::ResolveInNetworkFolder(c.folder, c.name)) << c.folder << " + " << c.name;
+    EXPECT_EQ("\\\\srv\\share", tqm::NetworkShareRoot("\\\\srv\\share\\a\\b"));
+    EXPECT_TRUE(tqm::IsNetworkPath("\\\\srv"));
+    EXPECT_FALSE(tqm::IsNetworkPath("\\srv"));
 }
 
 TEST(LibraryMembers, KindsByExtension)

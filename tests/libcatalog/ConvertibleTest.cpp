@@ -1,6 +1,7 @@
 // The scan for old libraries: what is listed and what not, folders skipped,
 // and a stop from another thread at any moment.
 #include "support/LibraryTree.h"
+#include "support/UnixSide.h"
 
 #include "framework/Handles.h"
 #include "libcatalog/ConvertibleLibraries.h"
@@ -64,6 +65,17 @@ TEST_F(Convertible, LanguageFoldersAndLibrariesAreNotEntered)
     ASSERT_TRUE(empty);
     EXPECT_EQ(2u, GlobalSize(empty.get()));
     EXPECT_TRUE(scan(tree.path("Gone")).empty());
+}
+
+TEST_F(Convertible, LinkedFoldersAreEnteredOnceAndCyclesEnd)
+{
+    tree.put("Old\\x.lin", "[Library]\nType=Hpak\n");
+    tree.put("Disk2\\Lib\\y.lin", "[Library]\nType=Hpak\n");
+    tqmtest::FolderLink moved(tree.path("Old\\Moved"), tree.path("Disk2"));
+    tqmtest::FolderLink up(tree.path("Disk2\\Lib\\Up"), tree.path("Old"));
+    if (!moved.made() || !up.made())
+        GTEST_SKIP() << moved.why() << up.why();
+    EXPECT_EQ((Strings{"<>\\Old\\Moved\\Lib\\y.lin", "<>\\Old\\x.lin"}), scan(tree.path("Old")));
 }
 
 TEST_F(Convertible, AStopFromAnotherThreadEndsTheScanWithNull)

@@ -207,6 +207,13 @@ TEST_F(Help, WindowsHelpAtTheKeywordOrItsContents)
 
 using HtmlHelpCall = LONG(__cdecl*)(HWND*, char*, UINT*, char*, int*, BOOL*);
 
+// A library whose help is compiled HTML help; its description's path.
+std::string withCompiledHelp(const tqmtest::LibraryTree& tree)
+{
+    tree.put("Lib\\Motion.chm", "help");
+    return tree.put("Lib\\Motion.tarnlin", "[Languages]\nCount=1\nLang0=en\n[en]\nHelpFile=Motion.chm\n");
+}
+
 // The HTML Help path, run in a child process: the library loads hhctrl.ocx
 // by name, and the stand-in's folder is searched first (SetDllDirectory).
 // Wine prefers its own hhctrl.ocx to one found on the search path unless the
@@ -216,9 +223,7 @@ void showHtmlHelpInChild()
 {
     ASSERT_TRUE(SetDllDirectoryA(tqmtest::FixturePath("htmlhelp").c_str()));
     tqmtest::LibraryTree tree;
-    tree.put("Lib\\Motion.chm", "help");
-    const std::string description =
-        tree.put("Lib\\Motion.tarnlin", "[Languages]\nCount=1\nLang0=en\n[en]\nHelpFile=Motion.chm\n");
+    const std::string description = withCompiledHelp(tree);
     BoxRecorder boxes;
     EXPECT_TRUE(TQMDisplayLibraryHelp(nullptr, description.c_str(), "MC_Power"));
     HMODULE standIn = GetModuleHandleA("hhctrl.ocx");
@@ -248,24 +253,53 @@ void showHtmlHelpInChild()
     EXPECT_EQ(0u, boxes.count());
 }
 
-TEST(HtmlHelpViewer, AtTheKeywordOrItsContents)
+// Runs the test again in a child process whose load order for hhctrl.ocx is
+// loadOrder (Wine's: "native" takes the one found on the search path, ""
+// loads none). The child must pass.
+void runWithHtmlHelpLoadOrder(const char* loadOrder, const char* testName, const char* mode)
 {
-    if (tqmtest::ChildMode() == "html-help") {
-        showHtmlHelpInChild();
-        return;
-    }
     char program[MAX_PATH] = "";
     GetModuleFileNameA(nullptr, program, MAX_PATH);
     const std::string key = std::string("Software\\Wine\\AppDefaults\\") + (strrchr(program, '\\') + 1);
     HKEY overrides = nullptr;
     ASSERT_EQ(ERROR_SUCCESS, RegCreateKeyExA(HKEY_CURRENT_USER, (key + "\\DllOverrides").c_str(), 0, nullptr, 0,
                                              KEY_WRITE, nullptr, &overrides, nullptr));
-    RegSetValueExA(overrides, "hhctrl.ocx", 0, REG_SZ, reinterpret_cast<const BYTE*>("native"), 7);
+    RegSetValueExA(overrides, "hhctrl.ocx", 0, REG_SZ, reinterpret_cast<const BYTE*>(loadOrder),
+                   static_cast<DWORD>(strlen(loadOrder) + 1));
     RegCloseKey(overrides);
-    const tqmtest::ProgramRun child = tqmtest::RunSelfAsChild("HtmlHelpViewer.AtTheKeywordOrItsContents", "html-help");
+    const tqmtest::ProgramRun child = tqmtest::RunSelfAsChild(testName, mode);
     RegDeleteTreeA(HKEY_CURRENT_USER, key.c_str());
     EXPECT_EQ(0, child.exitCode) << child.out << child.err;
     EXPECT_NE(std::string::npos, child.out.find("[  PASSED  ] 1 test")) << child.out;
+}
+
+TEST(HtmlHelpViewer, AtTheKeywordOrItsContents)
+{
+    if (tqmtest::ChildMode() == "html-help") {
+        showHtmlHelpInChild();
+        return;
+    }
+    runWithHtmlHelpLoadOrder("native", "HtmlHelpViewer.AtTheKeywordOrItsContents", "html-help");
+}
+
+// Compiled HTML help counts as shown even where HTML Help itself cannot be
+// loaded: its outcome is never reported back.
+TEST(HtmlHelpViewer, CountsAsShownWithoutHtmlHelp)
+{
+    if (tqmtest::ChildMode() != "no-html-help") {
+        runWithHtmlHelpLoadOrder("", "HtmlHelpViewer.CountsAsShownWithoutHtmlHelp", "no-html-help");
+        return;
+    }
+    if (HMODULE loaded = LoadLibraryA("hhctrl.ocx")) {
+        FreeLibrary(loaded);
+        GTEST_SKIP() << "HTML Help could not be taken away";
+    }
+    tqmtest::LibraryTree tree;
+    const std::string description = withCompiledHelp(tree);
+    BoxRecorder boxes;
+    EXPECT_TRUE(TQMDisplayLibraryHelp(nullptr, description.c_str(), "MC_Power"));
+    EXPECT_TRUE(TQMDisplayLibraryHelp(nullptr, description.c_str(), nullptr));
+    EXPECT_EQ(0u, boxes.count()) << boxes.last().text;
 }
 
 // The processes this one started from a program's name, by their ids.

@@ -1,13 +1,17 @@
 // TQMGetLibraryFiles on library folders made for each test: the four
 // readers, the completion from families, languages, objects and sources, and
 // damaged input.
+#include "support/FileUtil.h"
 #include "support/LibraryTree.h"
+#include "support/UnixSide.h"
 
 #include "libcatalog/LibraryFiles.h"
 #include "libcatalog/logic/ObjectFileWriter.h"
 #include "libcatalog/logic/SourceDirectives.h"
 
 #include <gtest/gtest.h>
+
+#include <windows.h>
 
 #include <algorithm>
 #include <chrono>
@@ -226,6 +230,122 @@ TEST(LibraryFiles, SourcesAddWhatTheirDirectivesName)
     EXPECT_TRUE(FileSetOf(tree, "L\\Lib.tarnlin").messages.empty());
 }
 
+TEST(LibraryFiles, IncludedFilesAreScannedWhateverTheirExtension)
+{
+    LibraryTree tree;
+    tree.put("L\\Lib.tarnlin", "[Library]\nType=Hpak\n[Files]\nCount=2\nFile0=Main.src\nFile1=Notes.txt\n");
+    tree.put("L\\Main.src", "$INCLUDE \"Defs.txt\"\n$INCLUDE Old.bak\n$INCLUDE Unit.obj\n$INCLUDE Pic.bmp\n");
+    tree.put("L\\Defs.txt", "$INCLUDE More.inc\n");
+    tree.put("L\\Old.bak", "$INCLUDE FromBackup.inc\n");
+    tree.put("L\\Pic.bmp", "$INCLUDE FromPicture.inc\n");
+    // An included object file is read as one, never scanned as text.
+    tqm::ObjectFileLayout unit;
+    unit.text1 = "\n$INCLUDE NotText.inc\n";
+    unit.dependencies = {"Unit.src"};
+    tree.put("L\\Unit.obj", tqm::WriteObjectFile(unit));
+    // The walk itself still passes over help and data files.
+    tree.put("L\\Notes.txt", "$INCLUDE NotFollowed.inc\n");
+    const tqmtest::FileSet set = FileSetOf(tree, "L\\Lib.tarnlin");
+    EXPECT_EQ((Strings{"L\\Lib.tarnlin", "L\\Main.src", "L\\Notes.txt", "L\\Defs.txt", "L\\More.inc",
+                       "L\\Old.bak", "L\\FromBackup.inc", "L\\Unit.obj", "L\\Pic.bmp", "L\\FromPicture.inc",
+                       "L\\Unit.src"}),
+              set.files);
+    EXPECT_TRUE(set.messages.empty()) << testing::PrintToString(set.messages);
+}
+
+// Object files and family searches take any name without a folder part;
+// only $INCLUDE names must be valid path names.
+TEST(LibraryFiles, RecordedNamesAndFamiliesAreNotHeldToNameRules)
+{
+    LibraryTree tree;
+    tree.put("L\\Lib.tarnlin", "[Library]\nType=Hpak\n[Families]\nCount=1\nFam0=Motor{1}\n"
+                               "[Files]\nCount=2\nFile0=Unit.obj\nFile1=Main.src\n");
+    tree.put("L\\Motor{1}.src", "");
+    tqm::ObjectFileLayout unit;
+    unit.dependencies = {"a..b.src", "COM1.src", "Sub\\Deeper.src", ".\\Here.src"};
+    unit.references = {{"Axis", "Axis{2}.dat"}};
+    tree.put("L\\Unit.obj", tqm::WriteObjectFile(unit));
+    tree.put("L\\Main.src", "$INCLUDE Motor{3}.inc\n$INCLUDE COM2.inc\n");
+    const tqmtest::FileSet set = FileSetOf(tree, "L\\Lib.tarnlin");
+    EXPECT_EQ((Strings{"L\\Lib.tarnlin", "L\\Unit.obj", "L\\Main.src", "L\\Motor{1}.src", "L\\a..b.src",
+                       "L\\COM1.src", "L\\Axis{2}.dat"}),
+              set.files);
+}
+
+// A description on a network path: its shared, checked and included files
+// are full paths on that share.
+TEST(LibraryFiles, DescriptionsOnANetworkPath)
+{
+    tqmtest::UncShare share;
+    if (!share.made())
+        GTEST_SKIP() << "no network path: the test needs Wine's unc folder";
+    for (const char* folder : {"Lib", "Lib\\Sub", "Lib\\Pics", "Shared"})
+        CreateDirectoryA(share.file(folder).c_str(), nullptr);
+    const auto put = [&share](const char* relative, const std::string& content) {
+        ASSERT_TRUE(tqmtest::WriteBytes(share.file(relative), content)) << relative;
+    };
+    put("Lib\\Old.lin", "[Library]\nType=Hpak\n[Files]\nCount=1\nFile0=Main.src\n"
+                        "[SheredFiles]\nA=..\\Shared\\Common.inc\nB=.\\Sub\\Local.inc\n"
+                        "[FileCheck]\nPics\\Pic.b?p=1\nNotes.txt=1\n");
+    put("Lib\\Main.src", "$INCLUDE .\\Sub\\C.inc\n");
+    put("Lib\\Sub\\C.inc", "$INCLUDE D.inc\n");
+    put("Lib\\Sub\\D.inc", "");
+    put("Lib\\Sub\\Local.inc", "");
+    put("Lib\\Pics\\Pic.bmp", "");
+    put("Lib\\Notes.txt", "");
+    put("Shared\\Common.inc", "");
+    HGLOBAL messages = nullptr;
+    const Strings files = tqmtest::TakeBlock(TQMGetLibraryFiles(share.file("Lib\\Old.lin").c_str(), &messages));
+    const std::string lib = share.file("Lib\\");
+    EXPECT_EQ((Strings{lib + "Old.lin", lib + "Main.src", share.file("Shared\\Common.inc"), lib + "Sub\\Local.inc",
+                       lib + "Pics\\Pic.bmp", lib + "Notes.txt", lib + "Sub\\C.inc", lib + "Sub\\D.inc"}),
+              files);
+    EXPECT_EQ(nullptr, messages) << testing::PrintToString(tqmtest::TakeBlock(messages));
+}
+
+// Writes pieces at their offsets; the rest of the file is a hole, so a
+// large file takes little room on a file system with sparse files.
+bool writeSparse(const std::string& path, const std::vector<std::pair<uint64_t, std::vector<uint8_t>>>& pieces)
+{
+    HANDLE file = CreateFileA(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
+    if (file == INVALID_HANDLE_VALUE)
+        return false;
+    bool ok = true;
+    for (const auto& piece : pieces) {
+        LARGE_INTEGER at;
+        at.QuadPart = static_cast<LONGLONG>(piece.first);
+        DWORD written = 0;
+        ok = ok && SetFilePointerEx(file, at, nullptr, FILE_BEGIN) &&
+             WriteFile(file, piece.second.data(), static_cast<DWORD>(piece.second.size()), &written, nullptr) &&
+             written == piece.second.size();
+    }
+    CloseHandle(file);
+    return ok;
+}
+
+std::vector<uint8_t> bytesOf(const std::string& text) { return std::vector<uint8_t>(text.begin(), text.end()); }
+
+TEST(LibraryFiles, SourcesAndObjectFilesOfAnySize)
+{
+    LibraryTree tree;
+    tree.put("L\\Lib.tarnlin", "[Library]\nType=Hpak\n[Files]\nCount=2\nFile0=Big.src\nFile1=Big.obj\n");
+    const uint64_t beyond = (64u << 20) + 12345;
+    ASSERT_TRUE(writeSparse(tree.path("L\\Big.src"), {{0, bytesOf("$INCLUDE First.inc\n")},
+                                                       {beyond, bytesOf("\n  $INCLUDE Last.inc ; far out\n")}}));
+    tqm::ObjectFileLayout big;
+    big.codeSize = static_cast<uint32_t>(beyond);
+    big.dependencies = {"Dependency.src"};
+    big.references = {{"Far", "Reference.dat"}};
+    const tqm::ObjectFileParts parts = tqm::WriteObjectFileParts(big);
+    ASSERT_TRUE(writeSparse(tree.path("L\\Big.obj"), {{0, parts.head}, {parts.head.size() + beyond, parts.tail}}));
+
+    const tqmtest::FileSet set = FileSetOf(tree, "L\\Lib.tarnlin");
+    EXPECT_EQ((Strings{"L\\Lib.tarnlin", "L\\Big.src", "L\\Big.obj", "L\\First.inc", "L\\Last.inc",
+                       "L\\Dependency.src", "L\\Reference.dat"}),
+              set.files);
+    EXPECT_TRUE(set.messages.empty()) << testing::PrintToString(set.messages);
+}
+
 TEST(LibraryFiles, DamagedDescriptionsEndQuicklyWithBoundedMessages)
 {
     LibraryTree tree;
@@ -237,16 +357,22 @@ TEST(LibraryFiles, DamagedDescriptionsEndQuicklyWithBoundedMessages)
     EXPECT_LT(seconds, 1.0);
     // A description that lists itself is still listed once.
     EXPECT_EQ(Strings{"Huge.tarnlin"}, set.files);
-    // The first missing entries one by one, the rest in one line per list.
-    ASSERT_EQ(3 * 101u, set.messages.size());
+    // The first 10,000 missing entries one by one, the rest in one line per list.
+    ASSERT_EQ(3 * 10001u, set.messages.size());
     EXPECT_EQ("Error: Missing file name, [Files] File0=: <>\\Huge.tarnlin", set.messages[0]);
-    EXPECT_EQ("Error: Missing file name, [Files] File100=: <>\\Huge.tarnlin", set.messages[99]);
-    EXPECT_EQ("Error: 3999999899 more missing [Files] entries below Count=4000000000: <>\\Huge.tarnlin",
-              set.messages[100]);
-    EXPECT_EQ("Error: 3999999900 more missing [Families] entries below Count=4000000000: <>\\Huge.tarnlin",
-              set.messages[201]);
-    EXPECT_EQ("Warning: 3999999899 more missing [Languages] entries below Count=4000000000: <>\\Huge.tarnlin",
+    EXPECT_EQ("Error: Missing file name, [Files] File10000=: <>\\Huge.tarnlin", set.messages[9999]);
+    EXPECT_EQ("Error: 3999989999 more missing [Files] entries below Count=4000000000: <>\\Huge.tarnlin",
+              set.messages[10000]);
+    EXPECT_EQ("Error: 3999990000 more missing [Families] entries below Count=4000000000: <>\\Huge.tarnlin",
+              set.messages[20001]);
+    EXPECT_EQ("Warning: 3999989999 more missing [Languages] entries below Count=4000000000: <>\\Huge.tarnlin",
               set.messages.back());
+
+    // Real descriptions never meet that bound: every missing entry is named.
+    tree.put("Gaps.tarnlin", "[Library]\nType=Hpak\n[Files]\nCount=102\n");
+    const Strings gaps = FileSetOf(tree, "Gaps.tarnlin").messages;
+    ASSERT_EQ(102u, gaps.size());
+    EXPECT_EQ("Error: Missing file name, [Files] File101=: <>\\Gaps.tarnlin", gaps.back());
 
     for (const std::string& content : {std::string(), std::string("\x01\x02\xff\0[Library]\n", 14),
                                        std::string(70000, '['), std::string("[Files]\nCount=1\nFile0=\xff\xfe\n")}) {

@@ -1,6 +1,7 @@
 // Installed and project libraries, identity clashes, and the version export,
 // against an installation made for each test.
 #include "support/LibraryTree.h"
+#include "support/UnixSide.h"
 
 #include "framework/Handles.h"
 #include "libcatalog/LibraryLists.h"
@@ -50,6 +51,31 @@ TEST_F(Libraries, InstalledDescriptionsDepthFirst)
     ASSERT_EQ(2u, all.size());
     EXPECT_EQ("<>\\Libs\\Top.tarnlin", all[0]);  // a folder's own descriptions before its subfolders'
     EXPECT_EQ("<>\\Libs\\Std\\Motion\\Motion.TARNLIN", all[1]);
+}
+
+// Real installations link folders in: a libraries folder moved to another
+// disk and linked back. Links are entered; a folder met again, through a
+// link up the tree or a second link to it, is not.
+TEST_F(Libraries, LinkedFoldersAreEnteredOnceAndCyclesEnd)
+{
+    library("Std\\Motion.tarnlin", description("MOTION", "1.0.0"));
+    tree.put("Moved\\Drives\\Drives.tarnlin", description("DRIVES", "1.0.0"));
+    tqmtest::FolderLink moved(tree.path("Libs\\Drives"), tree.path("Moved"));
+    tqmtest::FolderLink up(tree.path("Libs\\Std\\Up"), tree.path("Libs"));
+    tqmtest::FolderLink again(tree.path("Libs\\Again"), tree.path("Libs\\Std"));
+    for (const tqmtest::FolderLink* link : {&moved, &up, &again}) {
+        if (!link->made())
+            GTEST_SKIP() << link->why();
+    }
+    ASSERT_TRUE(GetFileAttributesA(tree.path("Libs\\Drives").c_str()) & FILE_ATTRIBUTE_REPARSE_POINT);
+
+    const Strings all = inTree(TQMGetInstalledLibraries(FALSE));
+    ASSERT_EQ(2u, all.size()) << testing::PrintToString(all);
+    const auto motion = std::find_if(all.begin(), all.end(), [](const std::string& path) {
+        return path == "<>\\Libs\\Std\\Motion.tarnlin" || path == "<>\\Libs\\Again\\Motion.tarnlin";
+    });
+    EXPECT_NE(all.end(), motion) << testing::PrintToString(all);
+    EXPECT_NE(all.end(), std::find(all.begin(), all.end(), "<>\\Libs\\Drives\\Drives\\Drives.tarnlin"));
 }
 
 TEST_F(Libraries, OfTwoCopiesTheHigherVersionStays)

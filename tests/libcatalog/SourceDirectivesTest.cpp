@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -60,6 +61,30 @@ TEST(SourceDirectives, WholeFilesInLineOrder)
     EXPECT_EQ(std::vector<std::string>{"I:c.inc"}, scan(std::string("$INC\0LUDE a.inc\n$INCLUDE c.inc", 30)));
     EXPECT_EQ(std::vector<std::string>{"I:ab"}, scan(std::string("$INCLUDE ab\0cd", 14)));
     EXPECT_TRUE(scan("").empty());
+}
+
+// A file read block by block: pieces split lines, keywords and names
+// anywhere, and the scan finds what it finds in the whole text.
+TEST(SourceDirectives, PiecesScanAsTheWhole)
+{
+    const std::string text = std::string("$INCLUDE a.inc\r\n  $include \"  My File.inc\" ; x\n$LIB Drives\n$INC") +
+                             '\0' + "LUDE no.inc\n$USE Axis\n(* $INCLUDE not.inc *)\n$INCLUDE \"unclosed\n\t$Use\tlast";
+    const std::vector<tqm::SourceDirective> whole = tqm::ScanSourceDirectives(text.data(), text.size());
+    ASSERT_EQ(5u, whole.size());
+    for (size_t piece = 1; piece <= 9; ++piece) {
+        tqm::SourceDirectiveScanner scanner;
+        for (size_t at = 0; at < text.size(); at += piece)
+            scanner.Feed(text.data() + at, std::min(piece, text.size() - at));
+        const std::vector<tqm::SourceDirective> pieces = scanner.Finish();
+        ASSERT_EQ(whole.size(), pieces.size()) << piece;
+        for (size_t i = 0; i < whole.size(); ++i)
+            EXPECT_EQ(whole[i].name, pieces[i].name) << piece;
+    }
+
+    // A name longer than any path the system opens names nothing.
+    const std::string longest(tqm::kLongestDirectiveName, 'n');
+    EXPECT_EQ(std::vector<std::string>{"I:" + longest}, scan("$INCLUDE " + longest));
+    EXPECT_TRUE(scan("$INCLUDE " + longest + "n").empty());
 }
 
 TEST(SourceDirectives, EncipheredSignatureAndDefaultExtensions)

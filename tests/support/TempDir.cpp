@@ -37,6 +37,12 @@ void RemoveTree(const std::string& path)
         DeleteFileA(path.c_str());
         return;
     }
+    // A link to a folder is removed, never entered: what it leads to is
+    // not the tree's, and a link up the tree would never end.
+    if (attributes & FILE_ATTRIBUTE_REPARSE_POINT) {
+        RemoveDirectoryA(path.c_str());
+        return;
+    }
     WIN32_FIND_DATAA data;
     HANDLE hFind = FindFirstFileA((path + "\\*").c_str(), &data);
     if (hFind != INVALID_HANDLE_VALUE) {

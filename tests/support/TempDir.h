@@ -23,7 +23,8 @@ private:
     std::string m_path;
 };
 
-// Deletes a file or a whole tree; read-only attributes do not stop it.
+// Deletes a file or a whole tree; read-only attributes do not stop it. Links
+// to folders in the tree are not followed.
 void RemoveTree(const std::string& path);
 
 }  // namespace tqmtest

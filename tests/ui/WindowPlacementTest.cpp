@@ -48,8 +48,10 @@ TEST_F(WindowPlacement, SavedPlacementRoundTripsMaximisedAndMinimised)
     store("0,1,2,303,404");
     EXPECT_TRUE(SaveWindowPlacement(&wnd, "Main"));
     EXPECT_EQ("0,1,2,303,404", stored()) << "a minimised window is not saved";
+    ShowWindow(window.get(), SW_RESTORE);  // from minimised to how it was: maximised
+    ShowWindow(window.get(), SW_RESTORE);  // and to normal
+    ASSERT_FALSE(IsZoomed(window.get()) || IsIconic(window.get()));
     ASSERT_TRUE(RestoreWindowPlacement(&wnd, "Main"));
-    EXPECT_FALSE(IsIconic(window.get()));
     EXPECT_RECT(1, 2, 303, 404, window.rect());
 
     store("1,10,10,810,610");
@@ -58,6 +60,25 @@ TEST_F(WindowPlacement, SavedPlacementRoundTripsMaximisedAndMinimised)
     WINDOWPLACEMENT placement = {};
     wnd.GetWindowPlacement(&placement);
     EXPECT_RECT(10, 10, 810, 610, placement.rcNormalPosition);
+}
+
+// Restoring moves a window and maximises it when the entry says so, and
+// does nothing else: a window started minimised (in the background) or
+// maximised stays so, and nothing activates it.
+TEST_F(WindowPlacement, MinimisedOrMaximisedWindowsStaySo)
+{
+    TestWindow front("TqmPlacementFront", RECT{0, 0, 100, 100}, kStyle);
+    SetForegroundWindow(front.get());
+    ShowWindow(window.get(), SW_SHOWMINNOACTIVE);
+    store("0,1,2,303,404");
+    ASSERT_TRUE(RestoreWindowPlacement(&wnd, "Main"));
+    EXPECT_TRUE(IsIconic(window.get()));
+    EXPECT_NE(window.get(), GetActiveWindow());
+    EXPECT_NE(window.get(), GetForegroundWindow());
+
+    ShowWindow(window.get(), SW_SHOWMAXIMIZED);
+    ASSERT_TRUE(RestoreWindowPlacement(&wnd, "Main"));
+    EXPECT_TRUE(IsZoomed(window.get()));
 }
 
 TEST_F(WindowPlacement, RestoredRectanglesArePulledOntoTheScreen)
