@@ -148,21 +148,6 @@ int IniReaderRole(const std::vector<std::string>& args)
 
 namespace {
 
-// The files of folder whose names end in ".tmp".
-std::vector<std::string> tempFiles(const std::string& folder)
-{
-    std::vector<std::string> names;
-    WIN32_FIND_DATAA found;
-    HANDLE find = FindFirstFileA((folder + "\\*.tmp").c_str(), &found);
-    if (find == INVALID_HANDLE_VALUE)
-        return names;
-    do
-        names.push_back(found.cFileName);
-    while (FindNextFileA(find, &found));
-    FindClose(find);
-    return names;
-}
-
 TEST(DocumentsUnderLoad, ReadersSeeOneWholeVersionWhileAWriterReplacesIt)
 {
     const int writes = Sized(1000, 100);
@@ -213,7 +198,7 @@ TEST(DocumentsUnderLoad, ReadersSeeOneWholeVersionWhileAWriterReplacesIt)
     EXPECT_LT(failed, writes / 2);
     EXPECT_GT(reads, 0);
     EXPECT_EQ(0, bad) << firstBad;
-    EXPECT_TRUE(tempFiles(dir.path()).empty());
+    EXPECT_TRUE(TempFiles(dir.path()).empty());
 }
 
 TEST(DocumentsUnderLoad, KilledWriterLeavesOneWholeVersionAndNoTemporaryFile)
@@ -234,20 +219,20 @@ TEST(DocumentsUnderLoad, KilledWriterLeavesOneWholeVersionAndNoTemporaryFile)
         CTQMIniFile read;
         if (!read.Read(doc.c_str()) || !versionOf(read))
             ++broken;
-        const int left = static_cast<int>(tempFiles(dir.path()).size());
+        const int left = static_cast<int>(TempFiles(dir.path()).size());
         leftovers += left;
         mostLeft = std::max(mostLeft, left);
         // The next Write of the document clears what the killed one left.
         if (k % 10 == 9 || k == kills - 1) {
             EXPECT_EQ(1, version.Write(doc.c_str()));
-            notRemoved += static_cast<int>(tempFiles(dir.path()).size());
+            notRemoved += static_cast<int>(TempFiles(dir.path()).size());
         }
     }
     Figure("killed writers: %d kills; document not one whole version %d times; temporary files seen after a kill "
            "%d (at most %d at once), left after the next Write %d",
            kills, broken, leftovers, mostLeft, notRemoved);
     EXPECT_EQ(0, broken);
-    EXPECT_EQ(0, notRemoved) << "left: " << (tempFiles(dir.path()).empty() ? "" : tempFiles(dir.path())[0]);
+    EXPECT_EQ(0, notRemoved) << "left: " << (TempFiles(dir.path()).empty() ? "" : TempFiles(dir.path())[0]);
 }
 
 }  // namespace

@@ -66,20 +66,6 @@ private:
     std::string m_path;
 };
 
-std::vector<std::string> tempFilesOn(const std::string& folder)
-{
-    std::vector<std::string> names;
-    WIN32_FIND_DATAA found;
-    HANDLE find = FindFirstFileA((folder + "\\*.tmp").c_str(), &found);
-    if (find == INVALID_HANDLE_VALUE)
-        return names;
-    do
-        names.push_back(found.cFileName);
-    while (FindNextFileA(find, &found));
-    FindClose(find);
-    return names;
-}
-
 TEST(FullDisk, IniWriteLeavesTheOldDocumentAndNoTemporaryFile)
 {
     REQUIRE_SMALL_DISK(disk);
@@ -95,7 +81,7 @@ TEST(FullDisk, IniWriteLeavesTheOldDocumentAndNoTemporaryFile)
         ini.SetEntryValue("New", ("Key" + std::to_string(i)).c_str(), "a new value that does not fit");
     EXPECT_EQ(0, ini.Write(doc.c_str()));
     EXPECT_EQ(before, ReadWhole(doc));
-    EXPECT_TRUE(tempFilesOn(disk).empty()) << tempFilesOn(disk)[0];
+    EXPECT_TRUE(TempFiles(disk).empty()) << TempFiles(disk)[0];
     DeleteFileA(doc.c_str());
 }
 
@@ -236,7 +222,7 @@ void expectMirrorKept(const char* what, const std::string& mirror)
     EXPECT_NE(0u, stringError) << what;
     EXPECT_NE(0u, intError) << what;
     const std::string folder = mirror.substr(0, mirror.rfind('\\'));
-    EXPECT_TRUE(tempFilesOn(folder).empty()) << what;
+    EXPECT_TRUE(TempFiles(folder).empty()) << what;
 }
 
 TEST(FullDisk, SettingsKeepWhatWasStoredWhenTheMirrorCannotBeWritten)

@@ -22,6 +22,10 @@ int Sized(int full, int shortSize);
 // Prints "figure: " and the text as one line, at once.
 void Figure(const char* format, ...) __attribute__((format(printf, 1, 2)));
 
+// The names of the files of folder that end in ".tmp": temporary files a
+// writer left behind.
+std::vector<std::string> TempFiles(const std::string& folder);
+
 // A role of this program in a child process: roleArgs are its arguments.
 // A role returns the child's exit code.
 using Role = int (*)(const std::vector<std::string>& roleArgs);

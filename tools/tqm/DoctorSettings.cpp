@@ -8,9 +8,9 @@
 #include "tools/tqm/Doctor.h"
 #include "tools/tqm/IniReport.h"
 #include "tools/tqm/Printable.h"
+#include "tools/tqm/SuiteRegistryValues.h"
 
 #include "config/IniFile.h"
-#include "framework/Handles.h"
 #include "paths/FileOperations.h"
 #include "paths/InstallDirs.h"
 
@@ -47,27 +47,16 @@ std::string registryText(DWORD type, const std::vector<BYTE>& data, DWORD size)
 // library uses), read without making the key. False when there is no key.
 bool readRegistrySection(std::vector<Setting>& settings, Findings& findings)
 {
-    const std::string path = "Software\\" + std::string(TQMGetQM5BaseRegistryKey().GetString()) + "\\" + kSection;
-    tqm::UniqueKey key;
-    if (RegOpenKeyExA(HKEY_LOCAL_MACHINE, path.c_str(), 0, KEY_READ | KEY_WOW64_32KEY, key.put()) != ERROR_SUCCESS)
+    std::vector<RegistryValue> values;
+    if (!ReadSuiteRegistryValues(HKEY_LOCAL_MACHINE, kSection, values))
         return false;
-    for (DWORD index = 0;; ++index) {
-        char name[256] = "";
-        DWORD nameLength = sizeof(name);
-        DWORD type = REG_NONE;
-        DWORD size = 0;
-        if (RegEnumValueA(key.get(), index, name, &nameLength, nullptr, &type, nullptr, &size) != ERROR_SUCCESS)
-            break;
-        std::vector<BYTE> data(size + 1, 0);
-        nameLength = sizeof(name);
-        if (RegEnumValueA(key.get(), index, name, &nameLength, nullptr, &type, data.data(), &size) != ERROR_SUCCESS)
-            break;
-        if (type != REG_SZ && type != REG_DWORD)
-            findings.push_back({Severity::Warning, Group::Settings, std::string(kSection) + "\\" + name,
-                                "is stored in the registry with type " + std::to_string(type) +
+    for (const RegistryValue& value : values) {
+        if (value.type != REG_SZ && value.type != REG_DWORD)
+            findings.push_back({Severity::Warning, Group::Settings, std::string(kSection) + "\\" + value.name,
+                                "is stored in the registry with type " + std::to_string(value.type) +
                                     ", which the library reads as neither text nor a number",
                                 std::string()});
-        settings.push_back({name, registryText(type, data, size)});
+        settings.push_back({value.name, registryText(value.type, value.data, value.size)});
     }
     return true;
 }

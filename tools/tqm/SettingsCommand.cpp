@@ -1,8 +1,8 @@
 // tqm settings get|set|delete [--machine|--user] [--int] SECTION [ENTRY [VALUE]]
 #include "tools/tqm/Command.h"
+#include "tools/tqm/SuiteRegistryValues.h"
 
 #include "config/QM5Profile.h"
-#include "framework/Handles.h"
 #include "paths/InstallDirs.h"
 
 #include <ctype.h>
@@ -84,23 +84,11 @@ std::string describeValue(DWORD type, const std::vector<BYTE>& data, DWORD size)
 // The values of the section's key in the hive, read without making anything.
 int listRegistrySection(HKEY hive, const std::string& section)
 {
-    const std::string path = "Software\\" + std::string(TQMGetQM5BaseRegistryKey().GetString()) + "\\" + section;
-    tqm::UniqueKey key;
-    if (RegOpenKeyExA(hive, path.c_str(), 0, KEY_READ | KEY_WOW64_32KEY, key.put()) != ERROR_SUCCESS)
+    std::vector<RegistryValue> values;
+    if (!ReadSuiteRegistryValues(hive, section, values))
         return Fail("no section %s in the %s settings", section.c_str(), hiveName(hive));
-    for (DWORD index = 0;; ++index) {
-        char name[256] = "";
-        DWORD nameLength = sizeof(name);
-        DWORD type = REG_NONE;
-        DWORD size = 0;
-        if (RegEnumValueA(key.get(), index, name, &nameLength, nullptr, &type, nullptr, &size) != ERROR_SUCCESS)
-            break;
-        std::vector<BYTE> data(size + 1, 0);
-        nameLength = sizeof(name);
-        if (RegEnumValueA(key.get(), index, name, &nameLength, nullptr, &type, data.data(), &size) != ERROR_SUCCESS)
-            break;
-        printf("%s=%s\n", name, describeValue(type, data, size).c_str());
-    }
+    for (const RegistryValue& value : values)
+        printf("%s=%s\n", value.name.c_str(), describeValue(value.type, value.data, value.size).c_str());
     return kExitOk;
 }
 
