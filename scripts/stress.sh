@@ -55,26 +55,27 @@ cleanup() {
 }
 trap cleanup EXIT INT TERM
 
-# Mounts the small disk of one build and maps it to T:; prints why not.
+# Mounts a fresh tmpfs of the size at the folder; prints why not.
+mount_tmpfs() {  # mount_tmpfs FOLDER SIZE WHAT
+    mkdir -p "$1"
+    mountpoint -q "$1" && umount "$1" 2>/dev/null
+    if ! out=$(mount -t tmpfs -o size="$2" tmpfs "$1" 2>&1); then
+        echo "the $3 could not be mounted: ${out:-mount failed} (the full-disk tests need root)"
+        return 1
+    fi
+}
+
+# Mounts the small disk of one build and maps it to T:, and the read-only
+# one to R:; prints why not.
 small_disk() {
     build=$1
     disk=$build/smalldisk
-    mkdir -p "$disk"
-    mountpoint -q "$disk" && umount "$disk" 2>/dev/null
-    if ! out=$(mount -t tmpfs -o size=300k tmpfs "$disk" 2>&1); then
-        echo "the small disk could not be mounted: ${out:-mount failed} (the full-disk tests need root)"
-        return 1
-    fi
+    mount_tmpfs "$disk" 300k "small disk" || return 1
     mkdir -p "$build/wineprefix/dosdevices"
     ln -sfn "$disk" "$build/wineprefix/dosdevices/t:"
 
     disk=$build/readonlydisk
-    mkdir -p "$disk"
-    mountpoint -q "$disk" && umount "$disk" 2>/dev/null
-    if ! out=$(mount -t tmpfs -o size=64k tmpfs "$disk" 2>&1); then
-        echo "the read-only disk could not be mounted: ${out:-mount failed}"
-        return 1
-    fi
+    mount_tmpfs "$disk" 64k "read-only disk" || return 1
     # The settings mirror where the library looks for it when the common
     # documents folder is R:\Documents: in the suite's folder beside it.
     mkdir -p "$disk/Documents" "$disk/Tarn-Holmvik/QM5_20/LocalDir"
