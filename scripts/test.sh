@@ -25,6 +25,24 @@ echo "== i686: export table of Tqmlib52.dll and imports; C header, import librar
 echo "== API reference (no Doxygen warning allowed)"
 ./scripts/docs.sh x86_64 || status=1
 
+# Each suite's prefix is made, and a trivial program started in it, before
+# its first test: a Wine that cannot do either is reported here, in its own
+# words, instead of as the first test's failure.
+prepare_wine() {
+    if ! out=$(timeout 900 ./scripts/wine-prefix.sh "$1" "$2" 2>&1); then
+        wine_problem="$1 Wine could not make its prefix $2:
+$out"
+        return 1
+    fi
+    [ -n "$out" ] && printf '%s\n' "$out"
+    if ! start_seconds=$(./scripts/wine-start-seconds.sh "$1" "$2" 2>/tmp/tqm-start.$$); then
+        wine_problem="$1 Wine could not start a program in $2: $(cat /tmp/tqm-start.$$)"
+        rm -f /tmp/tqm-start.$$
+        return 1
+    fi
+    rm -f /tmp/tqm-start.$$
+}
+
 # The i686 suite tests the shipped DLL, so it runs first. It is skipped only
 # where this machine cannot run it (no wine32, a kernel that refuses 32-bit
 # programs, or only an emulator), and the skip says what failed in the words
@@ -58,24 +76,22 @@ i686_suite() {
         fi
         i686_timeout=14400
     fi
-    if ! out=$(timeout 900 ./scripts/wine-prefix.sh i686 "$i686_prefix" 2>&1); then
-        i686_failed "32-bit Wine could not make its prefix $i686_prefix:
-$out"
-        return
-    fi
-    if ! start_seconds=$(./scripts/wine-start-seconds.sh i686 "$i686_prefix" 2>/tmp/tqm-start.$$); then
-        i686_failed "32-bit Wine could not start a program in $i686_prefix: $(cat /tmp/tqm-start.$$)"
-        rm -f /tmp/tqm-start.$$
-        return
-    fi
-    rm -f /tmp/tqm-start.$$
+    prepare_wine i686 "$i686_prefix" || { i686_failed "$wine_problem"; return; }
     echo "== i686: tests under wine32 (a trivial program starts in ${start_seconds} s)"
     (cd build/i686 && ctest --output-on-failure --timeout $i686_timeout -E '^(exports|cheader|importlib|package)$') || status=1
 }
 i686_suite
 
-echo "== x86_64: tests under wine64"
-(cd build/x86_64 && ctest --output-on-failure --timeout 900) || status=1
+x86_64_suite() {
+    if ! prepare_wine x86_64 "$root/build/x86_64/wineprefix"; then
+        echo "== x86_64: tests FAILED - $wine_problem"
+        status=1
+        return
+    fi
+    echo "== x86_64: tests under wine64 (a trivial program starts in ${start_seconds} s)"
+    (cd build/x86_64 && ctest --output-on-failure --timeout 900) || status=1
+}
+x86_64_suite
 [ -f build/x86_64/picture-test-skipped.txt ] && echo "== x86_64: $(cat build/x86_64/picture-test-skipped.txt)"
 
 echo "== fuzzing: regressions, then ${TQM_FUZZ_SECONDS:-20} s per target"

@@ -31,22 +31,41 @@ if [ "$arch" = x86_64 ]; then  # the 64-bit loader itself (see wine-run.sh)
     export WINELOADER=/usr/lib/wine/wine64
     wine=/usr/lib/wine/wine64
 fi
-if [ ! -f "$marker" ]; then
-    echo "wine-prefix: making $prefix" >&2
-    # Wine's own words are kept: when the prefix cannot be made, they say why.
-    log="$prefix.log"
-    "$wine" wineboot -i >"$log" 2>&1 || true
-    if ! "$wine" reg add 'HKCU\Software\Wine\Drivers' /v Graphics /d "$driver" /f >>"$log" 2>&1; then
-        echo "wine-prefix: cannot set up $prefix with the $arch loader; Wine said:" >&2
-        grep -v '^ *$' "$log" | tail -n 8 | sed 's/^/    /' >&2
-        exit 1
+log="$prefix.log"
+
+# Every step is checked, and a step that fails says so with Wine's own words:
+# a prefix half made must never end a test program without a word. The lock's
+# descriptor is closed for Wine: the server that Wine starts would otherwise
+# hold the lock for as long as it runs.
+run() { "$@" >>"$log" 2>&1 9>&-; }
+failed() {
+    echo "wine-prefix: $1 ($prefix, $arch loader); Wine said:" >&2
+    grep -v '^ *$' "$log" | tail -n 8 | sed 's/^/    /' >&2
+    return 1
+}
+set_up() {
+    : >"$log"
+    if [ ! -f "$marker" ]; then
+        echo "wine-prefix: making $prefix" >&2
+        # wineboot complains even when it succeeds; the next step tells.
+        run "$wine" wineboot -i || true
+        run "$wine" reg add 'HKCU\Software\Wine\Drivers' /v Graphics /d "$driver" /f ||
+            { failed "cannot set the graphics driver"; return 1; }
     fi
+    for key in 'HKLM\Software\Microsoft\Windows NT\CurrentVersion\AeDebug' \
+               'HKLM\Software\Wow6432Node\Microsoft\Windows NT\CurrentVersion\AeDebug'; do
+        run "$wine" reg add "$key" /v Debugger /d 'cmd.exe /c exit %ld %ld' /f &&
+            run "$wine" reg add "$key" /v Auto /d 1 /f ||
+            { failed "cannot turn the crash debugger off under $key"; return 1; }
+    done
+    run "$wine" reg add 'HKCU\Software\Wine\WineDbg' /v ShowCrashDialog /t REG_DWORD /d 0 /f ||
+        { failed "cannot turn the crash dialog off"; return 1; }
+    run wineserver -w || { failed "waiting for the server to end (wineserver -w) failed"; return 1; }
+}
+# A step that fails for a passing reason (a server starting or ending at that
+# moment) is tried once more; the first failure's words stay on standard error.
+if ! set_up; then
+    echo "wine-prefix: setting up $prefix once more" >&2
+    set_up || exit 1
 fi
-for key in 'HKLM\Software\Microsoft\Windows NT\CurrentVersion\AeDebug' \
-           'HKLM\Software\Wow6432Node\Microsoft\Windows NT\CurrentVersion\AeDebug'; do
-    "$wine" reg add "$key" /v Debugger /d 'cmd.exe /c exit %ld %ld' /f >/dev/null 2>&1
-    "$wine" reg add "$key" /v Auto /d 1 /f >/dev/null 2>&1
-done
-"$wine" reg add 'HKCU\Software\Wine\WineDbg' /v ShowCrashDialog /t REG_DWORD /d 0 /f >/dev/null 2>&1
-wineserver -w
 echo "$settings_version" > "$marker"
