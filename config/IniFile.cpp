@@ -15,9 +15,9 @@
 #include <stdint.h>
 #include <string.h>
 
+#include <memory>
 #include <new>
 #include <string>
-#include <memory>
 #include <utility>
 
 using tqm::ini::NamePositionIndex;

@@ -5,8 +5,9 @@
 // store moves it, the file being open without sharing. (Reads and writes
 // that name their offset through an OVERLAPPED cost several times as much
 // under Wine.) The record file's buffer (datafiles/logic/RecordStore.h) makes
-// the reads few and large; every write comes here as it is made. Failures give the system's error code; reading
-// leaves the thread's last-error code as it was.
+// the reads few and large; every write comes here as it is made. Failures
+// give the system's error code; reading leaves the thread's last-error code
+// as it was.
 #pragma once
 
 #include "datafiles/logic/RecordStore.h"

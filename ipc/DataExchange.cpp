@@ -20,6 +20,18 @@ BOOL failWithLastError(HWND hWndOwner)
     return FALSE;
 }
 
+// Posts to a window; FALSE, with the system's reason, when it cannot. A hWnd
+// that is no window is refused here: PostMessage would hand the message to
+// this thread's own queue instead.
+BOOL postToWindow(HWND hWnd, UINT nMsg, WPARAM wParam, LPARAM lParam)
+{
+    if (!::IsWindow(hWnd)) {
+        ::SetLastError(ERROR_INVALID_WINDOW_HANDLE);
+        return FALSE;
+    }
+    return ::PostMessageA(hWnd, nMsg, wParam, lParam);
+}
+
 // The request section, made and filled; its handle stays open for the
 // partner. NULL after a failure (the system's reason in the last error).
 tqm::UniqueHandle makeRequestSection(const EXCHANGEDATA& data)
@@ -84,14 +96,9 @@ BOOL WINAPI ExchangeData(EXCHANGEDATA* pData)
     if (!request)
         return failWithLastError(data.hWndOwner);
     // The partner deletes the atom. A request that cannot be posted would
-    // never be answered: rather than wait for ever, the call fails. So does
-    // one for no window at all, which PostMessage would hand to this
-    // thread's own queue.
+    // never be answered: rather than wait for ever, the call fails.
     ATOM name = ::GlobalAddAtomA(data.pszSectionName);
-    if (!::IsWindow(data.hWndPartner))
-        ::SetLastError(ERROR_INVALID_WINDOW_HANDLE);
-    if (!::IsWindow(data.hWndPartner) ||
-        !::PostMessageA(data.hWndPartner, exchangeMessage, reinterpret_cast<WPARAM>(data.hWndOwner), name)) {
+    if (!postToWindow(data.hWndPartner, exchangeMessage, reinterpret_cast<WPARAM>(data.hWndOwner), name)) {
         DWORD error = ::GetLastError();
         if (name)
             ::GlobalDeleteAtom(name);

@@ -1,6 +1,8 @@
 // Names and patience of file replacements.
 #include "config/logic/ReplacementNames.h"
 
+#include "config/logic/AsciiCase.h"
+
 #include <stdio.h>
 #include <string.h>
 
@@ -9,21 +11,6 @@ namespace {
 
 const char kMark[] = ".~";
 const char kEnd[] = ".tmp";
-
-// Names compare as the file system compares them: ASCII letters without
-// regard to case.
-bool sameLetters(const char* a, const char* b, size_t count)
-{
-    for (size_t i = 0; i < count; ++i) {
-        const char ca = (a[i] >= 'a' && a[i] <= 'z') ? static_cast<char>(a[i] - 32) : a[i];
-        const char cb = (b[i] >= 'a' && b[i] <= 'z') ? static_cast<char>(b[i] - 32) : b[i];
-        if (ca != cb)
-            return false;
-        if (ca == 0)
-            return true;
-    }
-    return true;
-}
 
 bool isHexDigit(char ch) { return (ch >= '0' && ch <= '9') || (ch >= 'A' && ch <= 'F') || (ch >= 'a' && ch <= 'f'); }
 
@@ -57,13 +44,13 @@ std::string ReplacementTempName(const char* targetName, DWORD processId, unsigne
 bool ParseReplacementTempName(const char* fileName, const char* targetName, DWORD* pProcessId)
 {
     const size_t nTarget = strlen(targetName);
-    if (strlen(fileName) < nTarget + 2 || !sameLetters(fileName, targetName, nTarget) ||
+    if (strlen(fileName) < nTarget + 2 || !StartsWithNoCase(fileName, targetName) ||
         strncmp(fileName + nTarget, kMark, 2) != 0)
         return false;
     unsigned long processId = 0;
     unsigned long serial = 0;
     const char* p = readHex(fileName + nTarget + 2, &processId);
-    if (!p || *p != '-' || !(p = readHex(p + 1, &serial)) || strlen(p) != 4 || !sameLetters(p, kEnd, 4))
+    if (!p || *p != '-' || !(p = readHex(p + 1, &serial)) || !EqualNoCase(p, kEnd))
         return false;
     *pProcessId = static_cast<DWORD>(processId);
     return true;

@@ -1,21 +1,11 @@
 // Message levels and their copy-data word.
 #include "ipc/logic/MessageLevel.h"
 
+#include "config/logic/AsciiCase.h"
+
 namespace {
 
 constexpr DWORD kMessageTag = 0xAAAA0000;
-
-// True when text begins with prefix, ASCII letters compared without case.
-bool beginsWithNoCase(const char* text, const char* prefix)
-{
-    for (; *prefix; ++text, ++prefix) {
-        char a = *text >= 'a' && *text <= 'z' ? static_cast<char>(*text - 'a' + 'A') : *text;
-        char b = *prefix >= 'a' && *prefix <= 'z' ? static_cast<char>(*prefix - 'a' + 'A') : *prefix;
-        if (a != b)
-            return false;
-    }
-    return true;
-}
 
 }  // namespace
 
@@ -24,9 +14,9 @@ int tqm::DisplayMessageLevel(const char* text, int level)
     if (level > 0 || !text)
         return level;
     // The blank belongs to the word: "Error: x" keeps its level.
-    if (beginsWithNoCase(text, "Error ") || beginsWithNoCase(text, "Fatal "))
+    if (tqm::StartsWithNoCase(text, "Error ") || tqm::StartsWithNoCase(text, "Fatal "))
         return kMessageLevelError;
-    if (beginsWithNoCase(text, "Warning"))
+    if (tqm::StartsWithNoCase(text, "Warning"))
         return kMessageLevelWarning;
     return level;
 }

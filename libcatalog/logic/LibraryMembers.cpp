@@ -1,6 +1,8 @@
 // Library members by extension.
 #include "libcatalog/logic/LibraryMembers.h"
 
+#include "config/logic/AsciiCase.h"
+
 #include <string.h>
 
 namespace tqm {
@@ -12,23 +14,12 @@ const char* const kHelpAndDataExtensions[] = {".hlp", ".chm", ".cnt", ".pdf", ".
 
 const char* const kEncipheredExtensions[] = {".srx", ".inx"};
 
-bool equalNoCase(const char* a, const char* b)
-{
-    for (;; ++a, ++b) {
-        const char ca = (*a >= 'A' && *a <= 'Z') ? static_cast<char>(*a - 'A' + 'a') : *a;
-        const char cb = (*b >= 'A' && *b <= 'Z') ? static_cast<char>(*b - 'A' + 'a') : *b;
-        if (ca != cb)
-            return false;
-        if (!ca)
-            return true;
-    }
-}
 
 template <size_t N>
 bool isOneOf(const char* ext, const char* const (&list)[N])
 {
     for (const char* candidate : list) {
-        if (equalNoCase(ext, candidate))
+        if (EqualNoCase(ext, candidate))
             return true;
     }
     return false;
@@ -39,7 +30,7 @@ bool isOneOf(const char* ext, const char* const (&list)[N])
 bool HasExtension(const char* path, const char* ext)
 {
     const char* dot = path ? strrchr(path, '.') : nullptr;
-    return dot && equalNoCase(dot, ext);
+    return dot && EqualNoCase(dot, ext);
 }
 
 LibraryMemberKind ClassifyLibraryMember(const char* path)
@@ -47,13 +38,13 @@ LibraryMemberKind ClassifyLibraryMember(const char* path)
     const char* ext = path ? strrchr(path, '.') : nullptr;
     if (!ext)
         return LibraryMemberKind::Source;
-    if (equalNoCase(ext, ".dff"))
+    if (EqualNoCase(ext, ".dff"))
         return LibraryMemberKind::FamilyFile;
     if (strchr(ext, '\\'))
         return LibraryMemberKind::DottedFolder;
-    if (equalNoCase(ext, ".obj") || equalNoCase(ext, ".obl"))
+    if (EqualNoCase(ext, ".obj") || EqualNoCase(ext, ".obl"))
         return LibraryMemberKind::ObjectFile;
-    if (equalNoCase(ext, ".bak"))
+    if (EqualNoCase(ext, ".bak"))
         return LibraryMemberKind::Backup;
     if (isOneOf(ext, kHelpAndDataExtensions))
         return LibraryMemberKind::HelpOrData;

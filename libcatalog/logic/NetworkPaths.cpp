@@ -1,15 +1,9 @@
 // Names resolved against network folders.
 #include "libcatalog/logic/NetworkPaths.h"
 
+#include "paths/logic/PathText.h"
+
 namespace tqm {
-namespace {
-
-bool startsWith(const std::string& text, size_t at, const char* prefix)
-{
-    return text.compare(at, std::char_traits<char>::length(prefix), prefix) == 0;
-}
-
-}  // namespace
 
 bool IsNetworkPath(const char* path) { return path && path[0] == '\\' && path[1] == '\\'; }
 
@@ -33,19 +27,11 @@ std::string ResolveInNetworkFolder(const std::string& folder, const std::string&
     if (!name.empty() && name[0] == '\\')
         return root + name;
 
-    size_t at = 0;
-    for (;;) {
-        if (startsWith(name, at, ".\\")) {
-            at += 2;
-        } else if (startsWith(name, at, "..\\")) {
-            at += 3;
-            if (base.size() > root.size())
-                base.erase(base.rfind('\\'));
-        } else {
-            break;
-        }
-    }
-    return at == name.size() ? base : base + "\\" + name.substr(at);
+    int levelsUp = 0;
+    const char* rest = SkipLeadingDots(name.c_str(), &levelsUp);
+    for (; levelsUp > 0 && base.size() > root.size(); --levelsUp)
+        base.erase(base.rfind('\\'));
+    return *rest ? base + "\\" + rest : base;
 }
 
 }  // namespace tqm

@@ -7,8 +7,8 @@
 // entries, so a walk visits the entries that are present and, of the missing
 // ones, only the first kReportedMissingEntries; the caller sums up the rest
 // in one line. The bound lies far beyond any real description file, whose
-// every missing entry is therefore named. Present entries are found by their names, so the cost follows
-// the size of the file, not the count.
+// every missing entry is therefore named. Present entries are found by their
+// names, so the cost follows the size of the file, not the count.
 #pragma once
 
 #include "config/logic/IniNames.h"

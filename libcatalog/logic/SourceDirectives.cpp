@@ -1,6 +1,7 @@
 // The source-directive scanner.
 #include "libcatalog/logic/SourceDirectives.h"
 
+#include "config/logic/AsciiCase.h"
 #include "config/logic/Blanks.h"
 
 #include <string.h>
@@ -19,8 +20,6 @@ const Keyword kKeywords[] = {
     {"$LIB", SourceDirectiveKind::Lib},
     {"$USE", SourceDirectiveKind::Use},
 };
-
-char asciiUpper(char ch) { return (ch >= 'a' && ch <= 'z') ? static_cast<char>(ch - 'a' + 'A') : ch; }
 
 bool isBlank(char ch) { return IsRuntimeSpace(static_cast<unsigned char>(ch)); }
 
@@ -75,7 +74,7 @@ void SourceDirectiveScanner::step(char ch)
         if (!m_keyword) {
             // The keywords differ in their first letter after "$".
             for (const Keyword& keyword : kKeywords) {
-                if (keyword.text[1] == asciiUpper(ch)) {
+                if (keyword.text[1] == AsciiUpper(ch)) {
                     m_keyword = keyword.text;
                     m_kind = keyword.kind;
                 }
@@ -84,7 +83,7 @@ void SourceDirectiveScanner::step(char ch)
                 m_state = State::RestOfLine;
                 return;
             }
-        } else if (asciiUpper(ch) != m_keyword[m_matched]) {
+        } else if (AsciiUpper(ch) != m_keyword[m_matched]) {
             m_state = State::RestOfLine;
             return;
         }

@@ -1,24 +1,13 @@
 #include "paths/logic/PathNameRules.h"
 
+#include "config/logic/AsciiCase.h"
+
 #include <string.h>
 
 namespace tqm {
 namespace {
 
 bool isAsciiDigit(char ch) { return ch >= '0' && ch <= '9'; }
-
-char asciiUpper(char ch) { return (ch >= 'a' && ch <= 'z') ? static_cast<char>(ch - 'a' + 'A') : ch; }
-
-bool startsWithNoCase(const char* text, const char* prefix)
-{
-    for (; *prefix; ++text, ++prefix) {
-        if (asciiUpper(*text) != asciiUpper(*prefix))
-            return false;
-    }
-    return true;
-}
-
-bool equalsNoCase(const char* a, const char* b) { return strlen(a) == strlen(b) && startsWithNoCase(a, b); }
 
 PathNameVerdict verdict(PathNameFault fault, int position) { return PathNameVerdict{fault, position}; }
 
@@ -27,7 +16,7 @@ PathNameVerdict verdict(PathNameFault fault, int position) { return PathNameVerd
 // were by this check; names stored under them must stay valid.
 bool isNumberedDevice(const CString& name)
 {
-    return name.GetLength() == 4 && (startsWithNoCase(name, "COM") || startsWithNoCase(name, "LPT")) &&
+    return name.GetLength() == 4 && (StartsWithNoCase(name, "COM") || StartsWithNoCase(name, "LPT")) &&
            isAsciiDigit(name[3]);
 }
 
@@ -119,7 +108,7 @@ PathNameVerdict CheckPathName(const char* path, bool allowWildcards, const NameL
         return verdict(PathNameFault::DeviceName, -1);
     // Only the bare name AUX is refused; AUX.txt and C:\AUX pass, as they
     // always have.
-    if (name.GetLength() == 3 && equalsNoCase(path + rest, "AUX"))
+    if (name.GetLength() == 3 && EqualNoCase(path + rest, "AUX"))
         return verdict(PathNameFault::DeviceName, -1);
     return verdict(PathNameFault::None, -1);
 }

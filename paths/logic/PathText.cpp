@@ -39,6 +39,21 @@ CString ParentDir(const char* path)
     return lastBackslash < 0 ? CString() : trimmed.Left(lastBackslash);
 }
 
+const char* SkipLeadingDots(const char* path, int* pLevelsUp)
+{
+    *pLevelsUp = 0;
+    for (;;) {
+        if (startsWith(path, ".\\")) {
+            path += 2;
+        } else if (startsWith(path, "..\\")) {
+            path += 3;
+            ++*pLevelsUp;
+        } else {
+            return path;
+        }
+    }
+}
+
 CString ResolveFullPath(const char* baseDir, const char* path)
 {
     if (!path || !*path || !baseDir || !*baseDir || baseDir[1] != ':')
@@ -51,18 +66,10 @@ CString ResolveFullPath(const char* baseDir, const char* path)
     if (path[0] == '\\')
         return base.Left(2) + path;
 
-    const char* rest = path;
-    for (;;) {
-        const char* before = rest;
-        if (startsWith(rest, ".\\"))
-            rest += 2;
-        if (startsWith(rest, "..\\")) {
-            rest += 3;
-            base = ParentDir(base);
-        }
-        if (rest == before)
-            break;
-    }
+    int nLevelsUp = 0;
+    const char* rest = SkipLeadingDots(path, &nLevelsUp);
+    while (nLevelsUp-- > 0)
+        base = ParentDir(base);
     CString full;
     full.Format("%s\\%s", static_cast<const char*>(base), rest);
     return full;

@@ -23,6 +23,10 @@ bool HasDirPart(const char* name);
 // name gives the empty string.
 CString ParentDir(const char* path);
 
+// The rest of a relative path after its leading ".\" and "..\", and in
+// *pLevelsUp how many folders up those climb.
+const char* SkipLeadingDots(const char* path, int* pLevelsUp);
+
 // path made absolute against baseDir, which must begin with a drive letter.
 // Leading .\ and ..\ are resolved against the base; anything else that
 // cannot be related comes back unchanged. Path tags are not expanded here.

@@ -2,6 +2,7 @@
 #include "datafiles/Crc.h"
 #include "tools/tqm/Command.h"
 #include "tools/tqm/StreamInput.h"
+#include "tools/tqm/SystemMessageText.h"
 
 #include <stdio.h>
 

@@ -10,13 +10,12 @@
 
 #include "config/Profile.h"
 #include "libcatalog/ConvertibleLibraries.h"
+#include "libcatalog/logic/LibraryMembers.h"
 #include "paths/FileOperations.h"
 #include "paths/InstallDirs.h"
 #include "paths/PathNames.h"
 
 #include <windows.h>
-
-#include <string.h>
 
 namespace tqmtool {
 namespace doctor {
@@ -25,12 +24,6 @@ namespace {
 std::string currentFormOf(const std::string& path)
 {
     return TQMChangeFileExt(path.c_str(), ".tarnlin").GetString();
-}
-
-bool hasExtension(const std::string& name, const char* extension)
-{
-    const size_t extensionLength = strlen(extension);
-    return name.size() > extensionLength && !_stricmp(name.c_str() + name.size() - extensionLength, extension);
 }
 
 // An old ".lin" description of an Hpak library without its ".tarnlin".
@@ -52,7 +45,7 @@ void CheckConversion(Findings& findings)
     const std::string projects = TQMGetProjectsDir().GetString();
     for (const std::string& candidate : TakeListBlock(TQMGetConvertableLibraries(projects.c_str(), TRUE))) {
         // The scan lists every old description, converted or not.
-        if (hasExtension(candidate, ".lin") && TQMFileExists(currentFormOf(candidate).c_str()))
+        if (tqm::HasExtension(candidate.c_str(), ".lin") && TQMFileExists(currentFormOf(candidate).c_str()))
             add(findings, Severity::Note, candidate,
                 "an old description left beside its converted " + currentFormOf(candidate));
         else

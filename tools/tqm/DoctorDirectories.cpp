@@ -3,6 +3,7 @@
 // can be unplugged.
 #include "tools/tqm/Doctor.h"
 #include "tools/tqm/SuiteDirs.h"
+#include "tools/tqm/SystemMessageText.h"
 
 #include "framework/Handles.h"
 #include "paths/FileOperations.h"
@@ -55,18 +56,6 @@ std::string defaultOf(const std::string& name)
     return std::string();
 }
 
-std::string systemMessage(DWORD error)
-{
-    char* text = nullptr;
-    FormatMessageA(FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr,
-                   error, 0, reinterpret_cast<char*>(&text), 0, nullptr);
-    tqm::UniqueLocalMemory owner(text);
-    std::string message = text ? text : "error " + std::to_string(error);
-    while (!message.empty() && (message.back() == '\n' || message.back() == '\r' || message.back() == '.'))
-        message.pop_back();
-    return message;
-}
-
 // Makes a file in dir and removes it again; empty when both worked, else why not.
 std::string tryWriting(const std::string& dir)
 {
@@ -75,10 +64,10 @@ std::string tryWriting(const std::string& dir)
         tqm::UniqueFile file(CreateFileA(probe.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW,
                                          FILE_ATTRIBUTE_TEMPORARY, nullptr));
         if (!file)
-            return "making a file there failed: " + systemMessage(GetLastError());
+            return "making a file there failed: " + SystemMessage(GetLastError());
     }
     if (!DeleteFileA(probe.c_str()))
-        return "a file made there could not be removed (" + probe + "): " + systemMessage(GetLastError());
+        return "a file made there could not be removed (" + probe + "): " + SystemMessage(GetLastError());
     return std::string();
 }
 

@@ -2,6 +2,7 @@
 #include "tools/tqm/Doctor.h"
 
 #include "framework/Handles.h"
+#include "libcatalog/logic/LibraryMembers.h"
 
 #include <windows.h>
 
@@ -10,13 +11,6 @@
 namespace tqmtool {
 namespace doctor {
 namespace {
-
-bool hasExtension(const char* name, const char* extension)
-{
-    const size_t length = strlen(name);
-    const size_t extensionLength = strlen(extension);
-    return length > extensionLength && !_stricmp(name + length - extensionLength, extension);
-}
 
 void collectFiles(const std::string& folder, const char* extension, std::vector<std::string>& files)
 {
@@ -31,7 +25,7 @@ void collectFiles(const std::string& folder, const char* extension, std::vector<
         if (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) {
             if (!(data.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT))
                 subfolders.push_back(folder + "\\" + data.cFileName);
-        } else if (hasExtension(data.cFileName, extension)) {
+        } else if (tqm::HasExtension(data.cFileName, extension)) {
             files.push_back(folder + "\\" + data.cFileName);
         }
     } while (FindNextFileA(search.get(), &data));

@@ -2,6 +2,7 @@
 #include "tools/tqm/Command.h"
 #include "tools/tqm/IniReport.h"
 #include "tools/tqm/StreamInput.h"
+#include "tools/tqm/SystemMessageText.h"
 
 #include "config/IniFile.h"
 #include "config/Profile.h"

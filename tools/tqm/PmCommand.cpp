@@ -12,6 +12,7 @@
 #include "tools/tqm/PmLoadCheck.h"
 #include "tools/tqm/PmDocking.h"
 #include "tools/tqm/StreamInput.h"
+#include "tools/tqm/SystemMessageText.h"
 
 #include "diag/DebugOutput.h"
 #include "ipc/AckMessages.h"

@@ -3,6 +3,7 @@
 #include "tools/tqm/Command.h"
 #include "tools/tqm/RecFileWalk.h"
 #include "tools/tqm/StreamInput.h"
+#include "tools/tqm/SystemMessageText.h"
 
 #include <ctype.h>
 #include <errno.h>

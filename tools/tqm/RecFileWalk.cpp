@@ -1,7 +1,7 @@
 // Reading a whole record file for "tqm rec" and the demo.
 #include "tools/tqm/RecFileWalk.h"
 
-#include "tools/tqm/StreamInput.h"
+#include "tools/tqm/SystemMessageText.h"
 
 #include <algorithm>
 #include <vector>

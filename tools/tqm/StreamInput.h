@@ -1,5 +1,5 @@
-// Reading a file or standard input in pieces, and the system's text for an
-// error code - for the commands that read files.
+// Reading a file or standard input in pieces - for the commands that read
+// files.
 #pragma once
 
 #include <windows.h>
@@ -13,9 +13,6 @@ namespace tqmtool {
 // until its end. False, with the system's code in *pError, when the file
 // cannot be opened or read.
 bool ReadInPieces(const std::string& name, const std::function<void(const BYTE*, DWORD)>& onPiece, DWORD* pError);
-
-// The system's message for an error code, without the trailing line end.
-std::string SystemMessage(DWORD dwError);
 
 // A copy of standard input in a temporary file, deleted with the object;
 // for commands that need a file name.
