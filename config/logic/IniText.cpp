@@ -20,13 +20,15 @@ size_t visibleLength(const char* line, size_t n)
 
 // A piece of the head comment as the document keeps it: up to a NUL byte,
 // with one line feed at its end, so that a written document reads back the
-// same. A piece cut off at the buffer's length gets none: the rest of its
-// line follows as the next piece.
-std::string headCommentPiece(const char* line, size_t n, bool atEnd)
+// same. A piece that fills the buffer without a line feed gets none: the
+// rest of its line follows as the next piece. That holds for the last line
+// of the text too when it is exactly a buffer long, since written back with
+// a line feed it reads as a full piece and then an empty line.
+std::string headCommentPiece(const char* line, size_t n, size_t limit)
 {
     size_t visible = visibleLength(line, n);
     std::string piece(line, visible);
-    bool bCutForLength = visible == n && line[n - 1] != '\n' && !atEnd;
+    bool bCutForLength = visible == n && n == limit && line[n - 1] != '\n';
     if (!bCutForLength && (piece.empty() || piece.back() != '\n'))
         piece += '\n';
     return piece;
@@ -88,7 +90,7 @@ IniTextResult ParseIniText(const char* data, size_t size, bool tolerant, IniText
         LineKind kind = ClassifyLine(p, Reader::Document);
         if (kind == LineKind::Comment) {
             if (bHeadComment) {
-                comment = headCommentPiece(line, n, text.AtEnd());
+                comment = headCommentPiece(line, n, limit);
                 handler.OnComment(comment.data(), comment.size());
             }
             continue;

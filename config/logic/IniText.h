@@ -12,8 +12,8 @@
 // each read on its own: the tail of a long comment line is whatever it looks
 // like. A line ends for the grammar at its first NUL byte. The head comment
 // keeps each of its lines up to a NUL byte, with exactly one line feed (none
-// after a piece cut for length), so that a written document reads back the
-// same.
+// after a piece that fills the buffer, even at the end of the text), so that
+// a written document reads back the same.
 #pragma once
 
 #include "config/logic/IniLineGrammar.h"
@@ -35,8 +35,6 @@ public:
     // arrives as LF, which is kept); no NUL is added. The number of
     // characters; 0 at the end of the text.
     size_t Next(char* buf, size_t limit);
-    // True when the text has no more lines.
-    bool AtEnd() const { return m_p >= m_end; }
 
 private:
     const char* m_p;

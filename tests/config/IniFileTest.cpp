@@ -103,6 +103,9 @@ TEST(CTQMIniFile, HeadCommentLinesStayWholeThroughWriteAndRead)
         {"; no line feed at the end", "; no line feed at the end\n", 0},
         {std::string("; before\0after\r\n[S]\r\nk=v\r\n", 26), "; before\n", 2},
         {longComment + "\r\n# next\r\n\r\n[S]\r\nk=v\r\n", longComment + "\n# next\n", 5},
+        // A last line exactly one reading buffer long: written back with a
+        // line feed, it reads as a full piece and an empty line.
+        {"; " + std::string(3069, 'c'), "; " + std::string(3069, 'c'), 0},
     };
     for (const Case& c : cases) {
         CTQMIniFile ini;
@@ -116,7 +119,6 @@ TEST(CTQMIniFile, HeadCommentLinesStayWholeThroughWriteAndRead)
         EXPECT_EQ(c.comment, back.GetFileComment());
         EXPECT_EQ(contentsOf(ini), contentsOf(back));
     }
-
 }
 
 TEST(CTQMIniFile, EachPieceOfALongLineIsReadOnItsOwn)
