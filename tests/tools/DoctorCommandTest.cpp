@@ -7,6 +7,7 @@
 #include "support/FileUtil.h"
 #include "support/LibraryTree.h"
 #include "support/TqmProgram.h"
+#include "support/UnixSide.h"
 
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
@@ -263,6 +264,34 @@ TEST_F(TqmDoctor, MovedDirectoryAndOldLibraries)
     EXPECT_EQ("warning", finding(all, "conversion", waiting, "waiting for conversion")["severity"]) << all.dump(1);
     EXPECT_EQ("warning", finding(all, "conversion", unseen, "does not see")["severity"]) << all.dump(1);
     EXPECT_EQ(2u, all.size()) << all.dump(1);
+}
+
+// Projects and libraries kept on another disk and linked in are checked like
+// any other, once each, however the links loop back.
+TEST_F(TqmDoctor, LinkedFoldersAreWalkedOnce)
+{
+    tree.put("Elsewhere\\Site\\Line\\Line.tarn5pj",
+             "[LibraryFiles]\nNumberOfLibs=1\nLib0=<$StdLibDir>\\Gone\\Gone.tarnlin\n");
+    tree.put("Shelf\\Old\\Valves.lin", "[Library]\nType=Hpak\n");
+    tqmtest::FolderLink site(tree.path("Projects\\Site"), tree.path("Elsewhere\\Site"));
+    tqmtest::FolderLink back(tree.path("Elsewhere\\Site\\Back"), tree.path("Projects"));
+    tqmtest::FolderLink shelf(tree.path("Libs\\Shelf"), tree.path("Shelf"));
+    tqmtest::FolderLink loop(tree.path("Shelf\\Loop"), tree.path("Libs"));
+    for (const tqmtest::FolderLink* link : {&site, &back, &shelf, &loop}) {
+        if (!link->made())
+            GTEST_SKIP() << link->why();
+    }
+
+    nlohmann::json all = findings(nullptr, "projects");
+    const nlohmann::json gone = finding(all, "projects", tree.path("Projects\\Site\\Line\\Line.tarn5pj"), "Lib0=");
+    ASSERT_FALSE(gone.is_null()) << all.dump(1);
+    EXPECT_EQ("error", gone["severity"]);
+    EXPECT_EQ(1u, all.size()) << all.dump(1);
+
+    all = findings(nullptr, "conversion");
+    const nlohmann::json unseen = finding(all, "conversion", tree.path("Libs\\Shelf\\Old\\Valves.lin"), "does not see");
+    EXPECT_EQ("warning", unseen["severity"]) << all.dump(1);
+    EXPECT_EQ(1u, all.size()) << all.dump(1);
 }
 
 TEST(TqmDoctorDemo, Chapter)

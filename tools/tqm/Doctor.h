@@ -110,8 +110,8 @@ void CheckProjects(const InstalledLibraries& installed, Findings& findings, cons
 int ProfileNumber(const char* text, int defaultValue);
 
 // Every file below folder whose name ends in extension (".tarn5pj"), depth
-// first: a folder's files, then its subfolders. Folders that are reparse
-// points are not entered, as the catalogue does not enter them either.
+// first: a folder's files, then its subfolders. Linked folders are entered
+// as the catalogue enters them, each folder once.
 std::vector<std::string> FilesBelow(const std::string& folder, const char* extension);
 
 // Runs the checks of every group, or of only one.

@@ -2,6 +2,7 @@
 #include "tools/tqm/Doctor.h"
 
 #include "framework/Handles.h"
+#include "libcatalog/VisitedFolders.h"
 #include "libcatalog/logic/LibraryMembers.h"
 
 #include <windows.h>
@@ -12,7 +13,12 @@ namespace tqmtool {
 namespace doctor {
 namespace {
 
-void collectFiles(const std::string& folder, const char* extension, std::vector<std::string>& files)
+// Files below folder, depth first, its own before its subfolders'. Linked
+// folders are entered, as the catalogue's walks enter them (a projects
+// folder moved to another disk and linked back); visited ends the cycles
+// that links can make.
+void collectFiles(const std::string& folder, const char* extension, std::vector<std::string>& files,
+                  tqm::VisitedFolders& visited)
 {
     WIN32_FIND_DATAA data;
     tqm::UniqueFind search(FindFirstFileA((folder + "\\*").c_str(), &data));
@@ -22,15 +28,16 @@ void collectFiles(const std::string& folder, const char* extension, std::vector<
     do {
         if (!strcmp(data.cFileName, ".") || !strcmp(data.cFileName, ".."))
             continue;
-        if (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) {
-            if (!(data.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT))
-                subfolders.push_back(folder + "\\" + data.cFileName);
+        if (tqm::IsFolder(data)) {
+            const std::string subfolder = folder + "\\" + data.cFileName;
+            if (visited.Enter(subfolder, tqm::IsLinkedFolder(data)))
+                subfolders.push_back(subfolder);
         } else if (tqm::HasExtension(data.cFileName, extension)) {
             files.push_back(folder + "\\" + data.cFileName);
         }
     } while (FindNextFileA(search.get(), &data));
     for (const std::string& subfolder : subfolders)
-        collectFiles(subfolder, extension, files);
+        collectFiles(subfolder, extension, files, visited);
 }
 
 }  // namespace
@@ -38,7 +45,9 @@ void collectFiles(const std::string& folder, const char* extension, std::vector<
 std::vector<std::string> FilesBelow(const std::string& folder, const char* extension)
 {
     std::vector<std::string> files;
-    collectFiles(folder, extension, files);
+    tqm::VisitedFolders visited;
+    visited.Enter(folder, false);
+    collectFiles(folder, extension, files, visited);
     return files;
 }
 
